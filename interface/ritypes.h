@@ -18,7 +18,7 @@ typedef char* RtString;
 typedef void* RtPointer;
 typedef void RtVoid;
 typedef RtFloat (*RtFilterFunc)(RtFloat, RtFloat, RtFloat, RtFloat);
-typedef RtVoid (*RtErrorHandler)(RtInt code, RtInt severity, char* message);
+typedef RtVoid (*RtErrorHandler)(RtInt code, RtInt severity, const char* message);
 typedef RtVoid (*RtFunc)();
 typedef RtPointer RtObjectHandle;
 typedef RtPointer RtLightHandle;
