@@ -1,0 +1,149 @@
+#include <gtest/gtest.h>
+
+#include "foundation/Hash.h"
+#include "foundation/List.h"
+#include "foundation/String.h"
+
+namespace {
+
+// A keyed record like the program's own: hashed and compared by its key only.
+struct Named {
+  String name;
+  int payload;
+  uint32_t hash() const { return name.hash(); }
+  bool operator==(const Named& other) const { return name == other.name; }
+};
+
+struct Numbered {
+  uint16_t number;
+  int payload;
+  uint32_t hash() const { return number; }
+  bool operator==(const Numbered& other) const { return number == other.number; }
+};
+
+TEST(ListTest, AddPutsNewestFirst) {
+  List<int> list;
+  EXPECT_EQ(list.add(1), 1);
+  list.add(2);
+  list.add(3);
+  ASSERT_NE(list.head, nullptr);
+  EXPECT_EQ(list.head->value, 3);
+  EXPECT_EQ(list.head->next->value, 2);
+  EXPECT_EQ(list.head->next->next->value, 1);
+  EXPECT_EQ(list.head->next->next->next, nullptr);
+}
+
+TEST(ListTest, CopyReversesTheOrder) {
+  List<int> list;
+  for (int i = 1; i <= 3; ++i) list.add(i);  // 3 2 1
+  List<int> copy(list);
+  EXPECT_EQ(copy.head->value, 1);
+  EXPECT_EQ(copy.head->next->value, 2);
+  EXPECT_EQ(copy.head->next->next->value, 3);
+  EXPECT_NE(&copy.head->value, &list.head->next->next->value);
+}
+
+TEST(ListTest, FindPredNeverComparesTheHead) {
+  List<int> empty;
+  EXPECT_EQ(empty.findPred(1), nullptr);
+  List<int> one;
+  one.add(5);
+  EXPECT_EQ(one.findPred(5), one.head);
+  EXPECT_EQ(one.findPred(6), one.head);
+  List<int> three;
+  for (int i = 1; i <= 3; ++i) three.add(i);  // 3 2 1
+  EXPECT_EQ(three.findPred(1), three.head->next);
+  EXPECT_EQ(three.findPred(9), three.head->next->next);
+}
+
+TEST(ListTest, FindReturnsTheStoredValue) {
+  List<int> list;
+  EXPECT_EQ(list.find(1), nullptr);
+  for (int i = 1; i <= 3; ++i) list.add(i);
+  EXPECT_EQ(list.find(3), &list.head->value);
+  EXPECT_EQ(list.find(1), &list.head->next->next->value);
+  EXPECT_EQ(list.find(4), nullptr);
+}
+
+TEST(ListTest, DetachRemovesOneElement) {
+  List<int> list;
+  EXPECT_EQ(list.detach(1), 0);
+  EXPECT_EQ(list.detachHead(), 0);
+  for (int i = 1; i <= 4; ++i) list.add(i);  // 4 3 2 1
+  EXPECT_EQ(list.detach(9), 0);
+  EXPECT_EQ(list.detach(2), 1);
+  EXPECT_EQ(list.find(2), nullptr);
+  EXPECT_EQ(list.detach(4), 1);
+  EXPECT_EQ(list.head->value, 3);
+  EXPECT_EQ(list.detach(1), 1);
+  EXPECT_EQ(list.head->next, nullptr);
+  list.flush();
+  EXPECT_EQ(list.head, nullptr);
+}
+
+TEST(HashTest, LaterEqualKeyHidesTheEarlier) {
+  Hash<Named> table(111);
+  EXPECT_EQ(table.add({String("Sphere"), 1}), 1);
+  table.add({String("Sphere"), 2});
+  ASSERT_NE(table.find({String("Sphere"), 0}), nullptr);
+  EXPECT_EQ(table.find({String("Sphere"), 0})->payload, 2);
+  EXPECT_EQ(table.detach({String("Sphere"), 0}), 1);
+  EXPECT_EQ(table.find({String("Sphere"), 0})->payload, 1);
+  EXPECT_EQ(table.detach({String("Sphere"), 0}), 1);
+  EXPECT_EQ(table.find({String("Sphere"), 0}), nullptr);
+  EXPECT_EQ(table.detach({String("Sphere"), 0}), 0);
+}
+
+TEST(HashTest, BucketIsHashModuloSize) {
+  Hash<Numbered> table(111);
+  table.add({5, 50});
+  table.add({116, 1160});
+  List<Numbered>* bucket = table.table[5];
+  ASSERT_NE(bucket, nullptr);
+  EXPECT_EQ(bucket->head->value.number, 116);
+  EXPECT_EQ(bucket->head->next->value.number, 5);
+  EXPECT_EQ(table.find({5, 0})->payload, 50);
+  EXPECT_EQ(table.find({116, 0})->payload, 1160);
+  EXPECT_EQ(table.find({227, 0}), nullptr);
+}
+
+TEST(HashTest, CollidingTextsAreToldApartByText) {
+  // "ab" hashes to 1650 and "ha" to 1761: one bucket apart by exactly 111.
+  String a("ab"), b("ha");
+  ASSERT_EQ(a.hash() % 111, b.hash() % 111);
+  Hash<Named> table(111);
+  table.add({a, 1});
+  table.add({b, 2});
+  EXPECT_EQ(table.find({a, 0})->payload, 1);
+  EXPECT_EQ(table.find({b, 0})->payload, 2);
+}
+
+TEST(HashTest, EmptiedBucketIsRemovedAndMadeAgain) {
+  Hash<Numbered> table(111);
+  table.add({7, 1});
+  EXPECT_EQ(table.detach({8, 0}), 0);
+  EXPECT_EQ(table.detach({7, 0}), 1);
+  EXPECT_EQ(table.table[7], nullptr);
+  table.add({7, 2});
+  ASSERT_NE(table.table[7], nullptr);
+  EXPECT_EQ(table.find({7, 0})->payload, 2);
+}
+
+TEST(HashTest, FlushEmptiesEveryBucket) {
+  Hash<Numbered> table(111);
+  for (uint16_t i = 0; i < 300; ++i) table.add({i, i});
+  table.flush();
+  for (uint16_t i = 0; i < table.size; ++i) EXPECT_EQ(table.table[i], nullptr);
+  EXPECT_EQ(table.find({3, 0}), nullptr);
+  table.add({3, 9});
+  EXPECT_EQ(table.find({3, 0})->payload, 9);
+}
+
+TEST(HashTest, ZeroSizeIsOneBucket) {
+  Hash<Numbered> table(0);
+  EXPECT_EQ(table.size, 1);
+  table.add({40000, 1});
+  EXPECT_EQ(table.find({40000, 0})->payload, 1);
+}
+
+}  // namespace

@@ -1,0 +1,150 @@
+#include "foundation/String.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+namespace {
+
+TEST(StringTest, NullPointerAndDefaultGiveEmptyText) {
+  String a, b(nullptr);
+  EXPECT_EQ(a.size(), 0);
+  EXPECT_EQ(b.size(), 0);
+  EXPECT_STREQ(a.c_str(), "");
+  EXPECT_STREQ(static_cast<const char*>(b), "");
+}
+
+TEST(StringTest, OnlyExactNullConvertsToNullPointer) {
+  String null("null");
+  EXPECT_EQ(static_cast<const char*>(null), nullptr);
+  EXPECT_EQ(null.size(), 4);
+  EXPECT_TRUE(null == String("null"));
+  std::ostringstream os;
+  os << null;
+  EXPECT_EQ(os.str(), "null");
+  for (const char* text : {"Null", "NULL", "nul", "null ", ""}) {
+    String s(text);
+    EXPECT_STREQ(static_cast<const char*>(s), text) << text;
+  }
+}
+
+TEST(StringTest, CopiesOwnTheirBuffers) {
+  String a("abc");
+  String b(a);
+  String c;
+  c = a;
+  EXPECT_NE(a.c_str(), b.c_str());
+  EXPECT_NE(a.c_str(), c.c_str());
+  a += String("d");
+  EXPECT_STREQ(a.c_str(), "abcd");
+  EXPECT_STREQ(b.c_str(), "abc");
+  EXPECT_STREQ(c.c_str(), "abc");
+}
+
+TEST(StringTest, SelfAssignmentKeepsTheBuffer) {
+  String s("text");
+  const char* before = s.c_str();
+  String& alias = s;
+  s = alias;
+  EXPECT_EQ(s.c_str(), before);
+  EXPECT_STREQ(s.c_str(), "text");
+}
+
+TEST(StringTest, AppendAndConcatenate) {
+  String s("ab");
+  s += s;
+  EXPECT_STREQ(s.c_str(), "abab");
+  EXPECT_EQ(s.size(), 4);
+  String left("x"), right("yz");
+  String sum = left + right;
+  EXPECT_STREQ(sum.c_str(), "xyz");
+  EXPECT_STREQ(left.c_str(), "x");
+  EXPECT_STREQ(right.c_str(), "yz");
+}
+
+TEST(StringTest, EqualityIsByteWise) {
+  EXPECT_TRUE(String("Sphere") == String("Sphere"));
+  EXPECT_FALSE(String("Sphere") == String("sphere"));
+  EXPECT_TRUE(String("Sphere") == "Sphere");
+  EXPECT_TRUE("" == String());
+  EXPECT_TRUE(String() == static_cast<const char*>(nullptr));
+  EXPECT_EQ(String("a") == String("b"), 0);
+}
+
+TEST(StringTest, PjwHash) {
+  EXPECT_EQ(String("").hash(), 0u);
+  EXPECT_EQ(String("a").hash(), 97u);
+  EXPECT_EQ(String("abc").hash(), 26499u);
+  // Bytes above 0x7F count as negative.
+  EXPECT_EQ(String("\xff").hash(), 0x0fffff0fu);  // -1, then the top nibble folded in
+  EXPECT_EQ(String("a\xff").hash(), 97u * 16 - 1);
+  // Long text folds the top nibble back in, and the top nibble stays clear.
+  uint32_t h = 0;
+  std::string text = "LightSource_with_a_long_name";
+  for (char c : text) {
+    h = (h << 4) + static_cast<uint32_t>(static_cast<signed char>(c));
+    uint32_t g = h & 0xf0000000u;
+    if (g) h = (h ^ g) ^ (g >> 24);
+  }
+  EXPECT_EQ(String(text.c_str()).hash(), h);
+  EXPECT_EQ(String(text.c_str()).hash() & 0xf0000000u, 0u);
+}
+
+TEST(StringTest, LengthConstructorStopsAtNul) {
+  EXPECT_STREQ(String("abcdef", 3).c_str(), "abc");
+  EXPECT_STREQ(String("ab\0cd", 5).c_str(), "ab");
+  EXPECT_EQ(String(nullptr, 4).size(), 0);
+}
+
+TEST(StringTest, TextBeyondSixteenBitsIsCut) {
+  std::string big(70000, 'x');
+  String s(big.c_str());
+  EXPECT_EQ(s.size(), 65535);
+  EXPECT_EQ(std::string(s.c_str()), std::string(65535, 'x'));
+  EXPECT_EQ(String(big.c_str(), big.size()).size(), 65535);
+
+  std::string most(65530, 'y');
+  String t(most.c_str());
+  t += String("0123456789");
+  EXPECT_EQ(t.size(), 65535);
+  EXPECT_EQ(std::string(t.c_str()), most + "01234");
+  t += t;
+  EXPECT_EQ(t.size(), 65535);
+}
+
+TEST(StringTest, ExactlyMaxLengthFits) {
+  std::string text(65535, 'z');
+  String s(text.c_str());
+  EXPECT_EQ(s.size(), 65535);
+  EXPECT_EQ(s.c_str()[65535], '\0');
+}
+
+std::string gHookMessage;
+int gHookCalls = 0;
+
+void recordHook(const char* message) {
+  gHookMessage = message;
+  ++gHookCalls;
+}
+
+TEST(StringTest, IndexPastTerminatorIsReportedAndClamped) {
+  auto saved = String::indexErrorHook;
+  String::indexErrorHook = recordHook;
+  gHookCalls = 0;
+  String s("abc");
+  EXPECT_EQ(s[1], 'b');
+  EXPECT_EQ(s[3], '\0');
+  EXPECT_EQ(gHookCalls, 0);
+  EXPECT_EQ(&s[4], &s[3]);
+  EXPECT_EQ(gHookCalls, 1);
+  EXPECT_EQ(gHookMessage, "string index out of range");
+  s[0] = 'X';
+  EXPECT_STREQ(s.c_str(), "Xbc");
+  String::indexErrorHook = nullptr;
+  EXPECT_EQ(String("")[9], '\0');
+  EXPECT_EQ(gHookCalls, 1);
+  String::indexErrorHook = saved;
+}
+
+}  // namespace
