@@ -1,0 +1,104 @@
+// The RIB scanner: one token per call of next, ASCII and binary encodings
+// mixed freely, and the composition of every report about the input.
+#pragma once
+
+#include <cstdarg>
+#include <cstdint>
+
+#include "foundation/Array.h"
+#include "foundation/String.h"
+#include "rib/bytesource.h"
+#include "rib/ribexception.h"
+
+// Token kinds. '[' and ']' are their own character codes.
+constexpr int16_t LEXNONE = 0x100;  // no token; never returned by next
+constexpr int16_t LEXINT = 0x101;
+constexpr int16_t LEXFLOAT = 0x102;
+constexpr int16_t LEXSTRING = 0x103;
+constexpr int16_t LEXKEYWORD = 0x104;
+constexpr int16_t LEXEOF = 0x105;
+
+#define RZ_PRINTF_LIKE(fmt, args) __attribute__((format(printf, fmt, args)))
+
+class lexanrib {
+ public:
+  typedef void (lexanrib::*ErrorHandler)(int32_t code, int32_t severity, const char* message);
+
+  explicit lexanrib(bytesource& in, const char* name = "stdin");
+  lexanrib(const lexanrib&) = delete;
+  lexanrib& operator=(const lexanrib&) = delete;
+
+  // Scans one token and returns its kind. Throws RIBException on a malformed
+  // number, a string broken by a line end, or (code 13) exhausted memory.
+  int16_t next();
+
+  // The value of the current token. Calling the wrong one for thistoke is a
+  // programming error and stops the program with a failed assertion.
+  void get(int32_t& v) const {
+    if (!(thistoke == LEXINT)) assertionFailed("thistoke == LEXINT", __LINE__);
+    v = intvalue;
+  }
+  void get(float& v) const {
+    if (!(thistoke == LEXFLOAT || thistoke == LEXINT))
+      assertionFailed("thistoke == LEXFLOAT || thistoke == LEXINT", __LINE__);
+    v = thistoke == LEXFLOAT ? floatvalue : static_cast<float>(intvalue);
+  }
+  // Gives the text up to its first NUL byte, cut to String::maxLength.
+  void get(String& s) const;
+
+  // Composes "at line N 'text': message" and hands it to RIBErrorHandler.
+  // format may be null. Never throws of itself and never allocates.
+  void RIBError(int32_t code, int32_t severity, const char* format, ...) RZ_PRINTF_LIKE(4, 5);
+  void vRIBError(int32_t code, int32_t severity, const char* format, va_list args)
+      RZ_PRINTF_LIKE(4, 0);
+
+  void RIBErrorIgnore(int32_t code, int32_t severity, const char* message);
+  void RIBErrorPrint(int32_t code, int32_t severity, const char* message);
+  // Prints, then ends the process at once whatever the severity.
+  void RIBErrorAbort(int32_t code, int32_t severity, const char* message);
+
+  // The record to throw; reports nothing.
+  static RIBException exception(int32_t code, int32_t severity, const char* format, ...)
+      RZ_PRINTF_LIKE(3, 4);
+
+  // Where printed report lines go (no line end included). Class-wide; the
+  // default writes the line and a line feed to standard error.
+  static void (*RIBErrorPrinter)(const char* line);
+
+  ErrorHandler RIBErrorHandler;
+  bytesource& stream;
+  const char* name;  // not owned; no message prints it
+  int32_t lastline;  // the line where the latest scan began: what reports name
+  int32_t line;      // running line counter
+  int16_t thistoke;
+  int32_t intvalue;
+  float floatvalue;
+  Array<char> text;        // last string, keyword or ASCII number, NUL-terminated
+  Array<String> requests;  // binary request-code definitions
+  Array<String> strings;   // binary string-index definitions
+  Array<float> floats;     // binary float array under delivery
+  int16_t infloats;
+  uint32_t floatindex;
+
+ private:
+  [[noreturn]] static void assertionFailed(const char* expression, int line);
+
+  void scanstring(unsigned char c);
+  void scanstringbody();
+  int16_t scannumber(unsigned char c);
+  void scankeyword(unsigned char c);
+  void scanword(unsigned char c, bool ended);
+  void skipcomment();
+  void appendtext(char c) { text.append(c); }
+
+  int16_t scanbinary(unsigned char c);
+  uint32_t scanbinlong(uint16_t n);
+  int16_t scanbinnumber(unsigned char c);
+  int16_t scanbinstring(unsigned char c);
+  int16_t scanbinfloat(unsigned char c);
+  int16_t scanbindouble(unsigned char c);
+  int16_t scanbinfloats(unsigned char c);
+  void definerequest();
+  void definestring(unsigned char c);
+  void copytext(const Array<String>& table, uint32_t index);
+};
