@@ -1,0 +1,195 @@
+// The typed argument readers. Each either consumes what it expects and moves
+// the look-ahead on, or reports once, resynchronises with panic and returns 0.
+#include <cinttypes>
+#include <type_traits>
+
+#include "rib/parserib.h"
+
+namespace {
+
+bool isNumber(int16_t token) {
+  return token == LEXINT || token == LEXFLOAT;
+}
+
+// What distinguishes the three array readers.
+template <typename T>
+struct ArrayTraits;
+
+template <>
+struct ArrayTraits<int32_t> {
+  static constexpr const char* kNone = "Expected at least one int";
+  static constexpr const char* kCount = "Expected %" PRId32 " ints";
+  static bool admits(int16_t token) { return token == LEXINT; }
+};
+
+template <>
+struct ArrayTraits<float> {
+  static constexpr const char* kNone = "Expected at least one float";
+  static constexpr const char* kCount = "Expected %" PRId32 " floats";
+  static bool admits(int16_t token) { return isNumber(token); }
+};
+
+template <>
+struct ArrayTraits<float[3]> {
+  static constexpr const char* kNone = "Expected at least one point";
+  static constexpr const char* kCount = "Expected %" PRId32 " points";
+  static bool admits(int16_t token) { return isNumber(token); }
+};
+
+}  // namespace
+
+int16_t parserib::match(char c) {
+  if (token == static_cast<int16_t>(c)) {
+    token = lex.next();
+    return 1;
+  }
+  lex.RIBError(16, 2, "Expected character '%c'", c);
+  panic();
+  return 0;
+}
+
+int16_t parserib::match(int16_t& b) {
+  int32_t v = 0;
+  if (token == LEXINT) lex.get(v);
+  if (token != LEXINT || (v != 0 && v != 1)) {
+    lex.RIBError(16, 2, "Expected Boolean");
+    panic();
+    return 0;
+  }
+  b = static_cast<int16_t>(v);
+  token = lex.next();
+  return 1;
+}
+
+int16_t parserib::match(int32_t& v) {
+  if (token != LEXINT) {
+    lex.RIBError(16, 2, "Expected integer");
+    panic();
+    return 0;
+  }
+  lex.get(v);
+  token = lex.next();
+  return 1;
+}
+
+int16_t parserib::match(float& v) {
+  if (!isNumber(token)) {
+    lex.RIBError(16, 2, "Expected float");
+    panic();
+    return 0;
+  }
+  lex.get(v);
+  token = lex.next();
+  return 1;
+}
+
+int16_t parserib::match(float (&p)[3]) {
+  const bool bracket = token == '[';
+  if (bracket && !match('[')) return 0;
+  for (float& component : p) {
+    if (!match(component)) return 0;
+  }
+  return bracket ? match(']') : 1;
+}
+
+// Exactly one pair of brackets, required; an inner bracket is "Expected float".
+int16_t parserib::match(float (&m)[4][4]) {
+  if (!match('[')) return 0;
+  for (auto& row : m) {
+    for (float& element : row) {
+      if (!match(element)) return 0;
+    }
+  }
+  return match(']');
+}
+
+int16_t parserib::match(String* s) {
+  const bool bracket = token == '[';
+  if (bracket && !match('[')) return 0;
+  if (token != LEXSTRING) {
+    lex.RIBError(16, 2, "Expected String");
+    panic();
+    return 0;
+  }
+  lex.get(*s);
+  token = lex.next();
+  return bracket ? match(']') : 1;
+}
+
+// Stores one element of a running array. Growing the array may exhaust the
+// free store; that arrives here as code 13 and is reported as the array's own
+// failure (code 1), then passed on as code 0 so that the driver only recovers.
+template <typename Store>
+static void storeGuarded(lexanrib& lex, Store store) {
+  try {
+    store();
+  } catch (const RIBException& e) {
+    if (e.code != 13) throw;
+    lex.RIBError(1, e.severity, "%s", e.message.c_str());
+    throw lexanrib::exception(0, 0, nullptr);
+  }
+}
+
+template <typename T>
+int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
+  const bool open = bracketed || token == '[';
+  a.clear();
+  if (open) {
+    if (!match('[')) return 0;
+  } else if (n < 0) {
+    n = 1;
+  }
+  int32_t count = 0;
+  if (n == 1) {
+    T* slot = nullptr;
+    storeGuarded(lex, [&] { slot = &a(0); });
+    if (!match(*slot)) return 0;
+    count = 1;
+  } else {
+    while ((n < 0 || count < n) && ArrayTraits<T>::admits(token)) {
+      if constexpr (std::is_array_v<T>) {
+        // Only the first number decides; a point once begun needs all three.
+        float* point = nullptr;
+        storeGuarded(lex, [&] { point = a(count); });
+        for (int i = 0; i < 3; ++i) {
+          if (!match(point[i])) return 0;
+        }
+      } else {
+        storeGuarded(lex, [&] { lex.get(a(count)); });
+        token = lex.next();
+      }
+      ++count;
+    }
+    if (!checkCount<T>(count, n, open)) return 0;
+  }
+  if (open && !match(']')) return 0;
+  return count;
+}
+
+// The checks after the element loop, in their order of precedence.
+template <typename T>
+int16_t parserib::checkCount(int32_t count, int32_t n, bool open) {
+  if (count == 0 && n != 0) {
+    lex.RIBError(2, 2, ArrayTraits<T>::kNone);
+  } else if (open && token == LEXSTRING) {
+    lex.RIBError(3, 2, "Array has both numbers and strings");
+  } else if (n > 0 && count != n) {
+    lex.RIBError(2, 2, ArrayTraits<T>::kCount, n);
+  } else {
+    return 1;
+  }
+  panic();
+  return 0;
+}
+
+int32_t parserib::match(Array<int32_t>& a, int32_t n, int16_t bracketed) {
+  return matchArray(a, n, bracketed);
+}
+
+int32_t parserib::match(Array<float>& a, int32_t n, int16_t bracketed) {
+  return matchArray(a, n, bracketed);
+}
+
+int32_t parserib::match(Array<float[3]>& a, int32_t n, int16_t bracketed) {
+  return matchArray(a, n, bracketed);
+}
