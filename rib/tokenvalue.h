@@ -1,0 +1,27 @@
+// The parameter list of one request: three parallel arrays laid out as the
+// V form of an Ri call wants its token and value arrays.
+#pragma once
+
+#include <cstdint>
+
+#include "foundation/Array.h"
+#include "interface/token.h"
+
+class tokenvalue {
+ public:
+  tokenvalue() = default;
+  tokenvalue(const tokenvalue&) = delete;
+  tokenvalue& operator=(const tokenvalue&) = delete;
+  ~tokenvalue();
+
+  // Appends one parameter. `token` is stored as given (a dictionary record, not
+  // owned). For a string, `value` addresses one char* and `n` becomes 1; for the
+  // other types it addresses `n` items (3 floats each for point and color).
+  // The copy is padded with zeros to at least one element of the token's size,
+  // so that a reader who takes one element per token never runs off the end.
+  void append(char* const& token, RiTokenType type, uint16_t n, void* const* value);
+
+  Array<char*> tokens;    // Token records as RtTokens; not owned
+  Array<void*> values;    // exact-size buffers, owned, released with delete[]
+  Array<uint16_t> sizes;  // items per value in units of its type, modulo 65,536
+};
