@@ -1,0 +1,314 @@
+#include "interface/token.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <set>
+#include <string>
+
+#include "error_test_sink.h"
+
+namespace {
+
+// Read by this file's own static initialisation, which may run before that of
+// the dictionary's file: the tokens must already be there.
+const RtToken gKaSeenAtStart = RI_KA;
+const Token* const gPSeenAtStart = find("P");
+
+Token* record(RtToken token) {
+  return reinterpret_cast<Token*>(token);
+}
+
+TEST(TokenStartup, PredeclaredTokensAreReadyForOtherStaticInitialisers) {
+  ASSERT_NE(gKaSeenAtStart, nullptr);
+  EXPECT_EQ(gKaSeenAtStart, RI_KA);
+  EXPECT_EQ(gPSeenAtStart, record(RI_P));
+}
+
+RtToken* const kAllPredeclared[] = {
+    &RI_FRAMEBUFFER,
+    &RI_FILE,
+    &RI_RGB,
+    &RI_RGBA,
+    &RI_RGBZ,
+    &RI_RGBAZ,
+    &RI_A,
+    &RI_Z,
+    &RI_AZ,
+    &RI_ORIGIN,
+    &RI_PERSPECTIVE,
+    &RI_ORTHOGRAPHIC,
+    &RI_HIDDEN,
+    &RI_JITTER,
+    &RI_PAINT,
+    &RI_CONSTANT,
+    &RI_SMOOTH,
+    &RI_FLATNESS,
+    &RI_FOV,
+    &RI_AMBIENTLIGHT,
+    &RI_POINTLIGHT,
+    &RI_DISTANTLIGHT,
+    &RI_SPOTLIGHT,
+    &RI_INTENSITY,
+    &RI_LIGHTCOLOR,
+    &RI_FROM,
+    &RI_TO,
+    &RI_CONEANGLE,
+    &RI_CONEDELTAANGLE,
+    &RI_BEAMDISTRIBUTION,
+    &RI_MATTE,
+    &RI_METAL,
+    &RI_SHINYMETAL,
+    &RI_PLASTIC,
+    &RI_PAINTEDPLASTIC,
+    &RI_KA,
+    &RI_KD,
+    &RI_KS,
+    &RI_ROUGHNESS,
+    &RI_KR,
+    &RI_TEXTURENAME,
+    &RI_SPECULARCOLOR,
+    &RI_DEPTHCUE,
+    &RI_FOG,
+    &RI_BUMPY,
+    &RI_MINDISTANCE,
+    &RI_MAXDISTANCE,
+    &RI_BACKGROUND,
+    &RI_DISTANCE,
+    &RI_AMPLITUDE,
+    &RI_RASTER,
+    &RI_SCREEN,
+    &RI_CAMERA,
+    &RI_WORLD,
+    &RI_OBJECT,
+    &RI_INSIDE,
+    &RI_OUTSIDE,
+    &RI_LH,
+    &RI_RH,
+    &RI_P,
+    &RI_PZ,
+    &RI_PW,
+    &RI_N,
+    &RI_NP,
+    &RI_CS,
+    &RI_OS,
+    &RI_S,
+    &RI_T,
+    &RI_ST,
+    &RI_COMMENT,
+    &RI_STRUCTURE,
+    &RI_IDENTIFIER,
+    &RI_NAME,
+    &RI_SHADINGGROUP,
+    &RI_BILINEAR,
+    &RI_BICUBIC,
+    &RI_PRIMITIVE,
+    &RI_INTERSECTION,
+    &RI_UNION,
+    &RI_DIFFERENCE,
+    &RI_PERIODIC,
+    &RI_NONPERIODIC,
+    &RI_CLAMP,
+    &RI_BLACK,
+    &RI_IGNORE,
+    &RI_PRINT,
+    &RI_ABORT,
+    &RI_HANDLER,
+    &RI_LIMITS,
+    &RI_GRIDSIZE,
+    &RI_BUCKETSIZE,
+};
+
+TEST(PredeclaredTokens, EveryVariableHoldsItsOwnStoredRecord) {
+  std::set<RtToken> distinct;
+  for (RtToken* variable : kAllPredeclared) {
+    RtToken token = *variable;
+    ASSERT_NE(token, nullptr);
+    EXPECT_EQ(static_cast<unsigned char>(*token), 0xFF);
+    // The variable is the very record that a lookup by text finds.
+    EXPECT_EQ(find(record(token)->name.c_str()), record(token)) << record(token)->name.c_str();
+    distinct.insert(token);
+  }
+  EXPECT_EQ(distinct.size(), 91u);
+}
+
+struct Expected {
+  RtToken* variable;
+  const char* name;
+  uint16_t code;
+  RiTokenType type;
+  RiTokenClass tokenClass;
+  int32_t size;
+};
+
+// The rows whose values differ from a plain keyword: sizes, classes, types.
+TEST(PredeclaredTokens, IrregularRowsHaveTheirFixedValues) {
+  const Expected rows[] = {
+      {&RI_FRAMEBUFFER, "framebuffer", 0xFF01, TypeNone, ClassNone, 1},
+      {&RI_ORIGIN, "origin", 0xFF15, TypeInteger, ClassUniform, 2},
+      {&RI_JITTER, "jitter", 0xFF05, TypeInteger, ClassUniform, 1},
+      {&RI_LIGHTCOLOR, "lightcolor", 0x0006, TypeColor, ClassUniform, 1},
+      {&RI_FROM, "from", 0x0016, TypePoint, ClassUniform, 1},
+      {&RI_TEXTURENAME, "texturename", 0xFF09, TypeString, ClassUniform, 1},
+      {&RI_P, "P", 0x0001, TypePoint, ClassVertex, 1},
+      {&RI_PZ, "Pz", 0x0003, TypeFloat, ClassVertex, 1},
+      {&RI_PW, "Pw", 0x0002, TypeFloat, ClassVertex, 4},
+      {&RI_N, "N", 0x0004, TypePoint, ClassVarying, 1},
+      {&RI_NP, "Np", 0x0005, TypePoint, ClassUniform, 1},
+      {&RI_CS, "Cs", 0x0006, TypeColor, ClassVarying, 1},
+      {&RI_ST, "st", 0xFF18, TypeFloat, ClassVarying, 2},
+      {&RI_NAME, "name", 0xFF1C, TypeString, ClassUniform, 1},
+      {&RI_BLACK, "black", 0xFF13, TypeColor, ClassUniform, 1},
+      {&RI_IGNORE, "ignore", 0x0C00, TypeNone, ClassNone, 1},
+      {&RI_ABORT, "abort", 0x0C02, TypeNone, ClassNone, 1},
+      {&RI_BUCKETSIZE, "bucketsize", 0xFF20, TypeInteger, ClassUniform, 2},
+  };
+  for (const Expected& e : rows) {
+    const Token* t = record(*e.variable);
+    SCOPED_TRACE(e.name);
+    EXPECT_STREQ(t->name.c_str(), e.name);
+    EXPECT_EQ(t->code, e.code);
+    EXPECT_EQ(t->type, e.type);
+    EXPECT_EQ(t->tokenClass, e.tokenClass);
+    EXPECT_EQ(t->size, e.size);
+  }
+}
+
+TEST(PredeclaredTokens, SharedCodesBelongToDifferentRecords) {
+  const char* const groups[][3] = {{"Cs", "lightcolor", "background"},
+                                   {"metal", "shinymetal", nullptr},
+                                   {"plastic", "paintedplastic", nullptr}};
+  const uint16_t codes[] = {0x0006, 0x000A, 0x000B};
+  for (int g = 0; g < 3; ++g) {
+    std::set<const Token*> records;
+    for (const char* name : groups[g]) {
+      if (!name) continue;
+      const Token* t = find(name);
+      ASSERT_NE(t, nullptr) << name;
+      EXPECT_EQ(t->code, codes[g]) << name;
+      records.insert(t);
+    }
+    EXPECT_EQ(records.size(), groups[g][2] ? 3u : 2u);
+  }
+}
+
+TEST(TokenDictionary, HasOneHundredElevenBuckets) {
+  EXPECT_EQ(tokenDictionary().size, 111);
+}
+
+// Two fresh names that fall into the same bucket.
+std::pair<std::string, std::string> collidingNames(const std::string& stem) {
+  std::string first = stem + "0";
+  uint32_t bucket = String(first.c_str()).hash() % 111;
+  for (int i = 1;; ++i) {
+    std::string second = stem + std::to_string(i);
+    if (String(second.c_str()).hash() % 111 == bucket) return {first, second};
+  }
+}
+
+TEST(TokenDictionary, NewestRecordStandsFirstInItsBucket) {
+  auto [older, newer] = collidingNames("bucketmate");
+  Token* a = declare(older.c_str(), 0x7001, TypeFloat, ClassUniform, 1);
+  Token* b = declare(newer.c_str(), 0x7002, TypeFloat, ClassUniform, 1);
+  const List<Token>* list = tokenDictionary().table[String(older.c_str()).hash() % 111];
+  ASSERT_NE(list, nullptr);
+  ASSERT_NE(list->head, nullptr);
+  EXPECT_EQ(&list->head->value, b);
+  ASSERT_NE(list->head->next, nullptr);
+  EXPECT_EQ(&list->head->next->value, a);
+}
+
+TEST(TokenDictionary, RecordsStayPutWhileManyMoreAreDeclared) {
+  Token* first = declare("steadfast", 0x7100, TypeColor, ClassVarying, 1);
+  for (int i = 0; i < 2000; ++i) {
+    std::string name = "filler" + std::to_string(i);
+    declare(name.c_str(), static_cast<uint16_t>(i), TypeFloat, ClassUniform, 1);
+  }
+  EXPECT_EQ(find("steadfast"), first);
+  EXPECT_STREQ(first->name.c_str(), "steadfast");
+  EXPECT_EQ(first->code, 0x7100);
+  EXPECT_EQ(first->type, TypeColor);
+  EXPECT_EQ(first->tokenClass, ClassVarying);
+}
+
+TEST(Find, RecordPointerAndTextFindTheSameRecord) {
+  EXPECT_EQ(find(RI_P), record(RI_P));
+  EXPECT_EQ(find("P"), record(RI_P));
+}
+
+TEST(Find, TakesAnyRecordPointerWithoutLookingItUp) {
+  Token loose("notindictionary", 0x1234, TypeFloat, ClassUniform, 1);
+  EXPECT_EQ(find(reinterpret_cast<char*>(&loose)), &loose);
+  EXPECT_EQ(find("notindictionary"), nullptr);
+}
+
+TEST(Find, NamesAreCaseSensitive) {
+  EXPECT_EQ(find("ka"), nullptr);
+  EXPECT_EQ(find("KA"), nullptr);
+  EXPECT_EQ(find("Ka"), record(RI_KA));
+}
+
+TEST(Find, EmptyNameIsAKeyLikeAnyOther) {
+  Token* empty = declare("", 0x7200, TypeFloat, ClassUniform, 1);
+  ASSERT_NE(empty, nullptr);
+  EXPECT_EQ(find(""), empty);
+  EXPECT_EQ(empty->name.size(), 0);
+}
+
+TEST(Tostring, GivesARecordsNameAndLeavesTextAlone) {
+  EXPECT_STREQ(tostring(RI_P), "P");
+  const char* text = "abc";
+  EXPECT_EQ(tostring(text), text);
+  EXPECT_EQ(tostring(nullptr), nullptr);
+}
+
+class Confirm : public ErrorModelTest {};
+
+TEST_F(Confirm, KnownNameIsSilent) {
+  EXPECT_EQ(confirm("Kd"), record(RI_KD));
+  EXPECT_EQ(confirm(RI_KD), record(RI_KD));
+  EXPECT_TRUE(lines().empty());
+}
+
+TEST_F(Confirm, UnknownNameIsReportedWithoutACallName) {
+  EXPECT_EQ(confirm("nosuchtoken"), nullptr);
+  ASSERT_EQ(lines().size(), 1u);
+  EXPECT_EQ(lines()[0], "error: Invalid token for request. undeclared token \"nosuchtoken\"");
+  EXPECT_EQ(RiLastError, 41);
+}
+
+TEST_F(Confirm, UnknownNameIsReportedUnderTheRunningCall) {
+  setErrorFuncName("RiSurfaceV");
+  EXPECT_EQ(confirm("nosuchtoken"), nullptr);
+  setErrorFuncName(nullptr);
+  ASSERT_EQ(lines().size(), 1u);
+  EXPECT_EQ(lines()[0],
+            "error: Invalid token for request. RiSurfaceV: undeclared token \"nosuchtoken\"");
+}
+
+// A null name stands for the text "null", which the String conversion turns
+// into a null pointer; it is looked up, declared and reported as that text.
+TEST(NullNameDeathTest, ConfirmReportsItAsNull) {
+  // A fresh process, so that no other test has declared "null" yet.
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        setMessageSink(nullptr);
+        if (find(nullptr) == nullptr && confirm(nullptr) == nullptr) std::exit(0);
+        std::exit(1);
+      },
+      ::testing::ExitedWithCode(0),
+      "error: Invalid token for request\\. undeclared token \"null\"\n");
+}
+
+TEST(NullName, IsDeclaredAndFoundAsTheTextNull) {
+  Token* t = declare(nullptr, 0x7300, TypeFloat, ClassUniform, 1);
+  ASSERT_NE(t, nullptr);
+  EXPECT_STREQ(t->name.c_str(), "null");
+  EXPECT_EQ(find(nullptr), t);
+  EXPECT_EQ(find("null"), t);
+  // The record's name converts back to a null pointer.
+  EXPECT_EQ(tostring(reinterpret_cast<char*>(t)), nullptr);
+}
+
+}  // namespace
