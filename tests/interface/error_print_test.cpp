@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "error_test_sink.h"
+
+namespace {
+
+class RiErrorPrintTest : public ErrorModelTest {};
+
+TEST_F(RiErrorPrintTest, WritesTheLabelOfEachSeverity) {
+  const struct {
+    RtInt severity;
+    const char* line;
+  } cases[] = {
+      {0, "info: Bad file format. m"},  {1, "warning: Bad file format. m"},
+      {2, "error: Bad file format. m"}, {3, "severe error: Bad file format. m"},
+      {7, "error: Bad file format. m"}, {-1, "error: Bad file format. m"},
+  };
+  for (const auto& c : cases) {
+    lines().clear();
+    RiErrorPrint(4, c.severity, "m");
+    ASSERT_EQ(lines().size(), 1u);
+    EXPECT_EQ(lines()[0], c.line);
+  }
+}
+
+TEST_F(RiErrorPrintTest, WritesTheSentenceOfEachCode) {
+  const struct {
+    RtInt code;
+    const char* line;
+  } cases[] = {
+      {1, "error: Out of memory."},
+      {2, "error: Miscellaneous system error."},
+      {3, "error: File nonexistent."},
+      {4, "error: Bad file format."},
+      {5, "error: File version mismatch."},
+      {11, "error: Optional RI feature."},
+      {12, "error: Unimplemented feature."},
+      {13, "error: Arbitrary program limit."},
+      {14, "error: Probably a bug in renderer."},
+      {23, "error: RiBegin not called."},
+      {24, "error: Bad begin-end nesting."},
+      {25, "error: Invalid state for options."},
+      {26, "error: Invalid state for attribs."},
+      {27, "error: Invalid state for primitives."},
+      {28, "error: Invalid state."},
+      {29, "error: Badly formed motion block."},
+      {30, "error: Badly formed solid block."},
+      {41, "error: Invalid token for request."},
+      {42, "error: Parameter out of range."},
+      {43, "error: Parameters inconsistent."},
+      {44, "error: Bad object/light handle."},
+      {45, "error: Can't load requested shader."},
+      {46, "error: Required parameters not provided."},
+      {47, "error: Declare type syntax error."},
+      {61, "error: Undefined mathematical operation."},
+      {6, "error: Error code: 6"},
+      {62, "error: Error code: 62"},
+      {-5, "error: Error code: -5"},
+  };
+  for (const auto& c : cases) {
+    lines().clear();
+    RiErrorPrint(c.code, 2, nullptr);
+    ASSERT_EQ(lines().size(), 1u);
+    EXPECT_EQ(lines()[0], c.line);
+    EXPECT_EQ(RiLastError, c.code);
+  }
+}
+
+TEST_F(RiErrorPrintTest, CodeZeroHasNoSentence) {
+  RiLastError = 99;
+  RiErrorPrint(0, 0, "all is well");
+  ASSERT_EQ(lines().size(), 1u);
+  EXPECT_EQ(lines()[0], "info: all is well");
+  EXPECT_EQ(RiLastError, 0);
+}
+
+TEST_F(RiErrorPrintTest, MessageFollowsTheSentenceAfterOneBlank) {
+  RiErrorPrint(42, 2, "RiHiderV: unknown hider type \"x\", using hidden");
+  ASSERT_EQ(lines().size(), 1u);
+  EXPECT_EQ(lines()[0],
+            "error: Parameter out of range. RiHiderV: unknown hider type \"x\", using hidden");
+}
+
+TEST_F(RiErrorPrintTest, SetsNoLimitOnTheLine) {
+  std::string message(5000, 'm');
+  RiErrorPrint(62, 1, message.c_str());
+  ASSERT_EQ(lines().size(), 1u);
+  EXPECT_EQ(lines()[0], "warning: Error code: 62 " + message);
+}
+
+TEST_F(RiErrorPrintTest, IgnoreOnlyStoresTheCode) {
+  RiErrorIgnore(43, 3, "unseen");
+  EXPECT_EQ(RiLastError, 43);
+  EXPECT_TRUE(lines().empty());
+}
+
+TEST_F(RiErrorPrintTest, AbortReturnsForInformation) {
+  RiErrorAbort(12, 0, "only news");
+  ASSERT_EQ(lines().size(), 1u);
+  EXPECT_EQ(lines()[0], "info: Unimplemented feature. only news");
+  EXPECT_EQ(RiLastError, 12);
+}
+
+TEST(RiErrorAbortDeathTest, EndsTheProcessForAWarningAfterPrinting) {
+  setMessageSink(nullptr);
+  EXPECT_DEATH(RiErrorAbort(13, 1, "too many"), "warning: Arbitrary program limit\\. too many\n");
+}
+
+TEST(PrintMessage, DefaultSinkWritesTheLineAndANewlineToStandardError) {
+  setMessageSink(nullptr);
+  ::testing::internal::CaptureStderr();
+  printMessage("first");
+  printMessage("second");
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "first\nsecond\n");
+}
+
+}  // namespace
