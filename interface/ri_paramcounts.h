@@ -1,0 +1,50 @@
+// How many numbers the scene library may read from each parameter value.
+//
+// The library gets value pointers only, so the binding tells it each value's
+// length (_zelParameterInfo) right before every call that takes a list. The
+// lengths are those the RIB reader held the list to:
+// - geometry: the primitive's uniform, varying and vertex counts, worked out
+//   here exactly as the reader's verify works them out (with 32-bit wrapping
+//   arithmetic and the basis steps of the last RiBasis), times the token's
+//   size;
+// - every other call: one element of the token's size, which the reader
+//   guarantees by zero-padding a shorter value.
+// Points and colours count three numbers per item; a string value is one
+// char*. A count that comes out negative is 0.
+#pragma once
+
+#include <cstdint>
+
+#include "interface/ri.h"
+
+// The three counts a parameter's storage class multiplies its size by.
+struct PrimitiveCounts {
+  int32_t uniform;
+  int32_t varying;
+  int32_t vertex;
+};
+
+PrimitiveCounts polygonCounts(RtInt nverts);
+PrimitiveCounts generalPolygonCounts(RtInt nloops, const RtInt nverts[]);
+PrimitiveCounts pointsPolygonsCounts(RtInt npolys, const RtInt nverts[], const RtInt verts[]);
+PrimitiveCounts pointsGeneralPolygonsCounts(RtInt npolys, const RtInt nloops[],
+                                            const RtInt nverts[], const RtInt verts[]);
+PrimitiveCounts patchCounts(RtToken type);
+PrimitiveCounts patchMeshCounts(RtToken type, RtInt nu, RtToken uwrap, RtInt nv, RtToken vwrap);
+PrimitiveCounts nuPatchCounts(RtInt nu, RtInt nv);
+PrimitiveCounts quadricCounts();
+
+// The basis steps a bicubic patch mesh is divided by. RiBasis sets them; like
+// the reader's, they belong to no graphics state. A new conversion must start
+// them afresh at 3, as the reader does.
+void setBasisSteps(RtInt ustep, RtInt vstep);
+void resetBasisSteps();
+
+// The number of scalars of one value of `token`; `counts` is null outside
+// geometry.
+uint32_t parameterCount(RtToken token, const PrimitiveCounts* counts);
+
+// Tells the scene library about the n parameters about to be sent with
+// `codes` (as tokenCodes gave them).
+void sendParameterInfo(RtInt n, RtToken tokens[], const uint16_t codes[],
+                       const PrimitiveCounts* counts);
