@@ -10,16 +10,19 @@
 namespace {
 
 const char kUsage[] =
-    "Usage: rib2bin [--define-as bare|quoted|encoded] [INPUT [OUTPUT]]\n"
+    "Usage: rib2bin [--define-as bare|quoted|encoded] [--stats] [INPUT [OUTPUT]]\n"
     "Writes the binary RIB form of an ASCII RIB file. INPUT and OUTPUT default to\n"
     "standard input and output; '-' names them too.\n"
     "  --define-as FORM  how a request name follows its definition (0xCC):\n"
-    "                    bare word, quoted string or encoded string (default)\n";
+    "                    bare word, quoted string or encoded string (default)\n"
+    "  --stats           print the number of tokens and of request words\n"
+    "                    (statements) to standard error\n";
 
 struct Options {
   ribtools::DefineForm form = ribtools::DefineForm::kEncoded;
   const char* input = "-";
   const char* output = "-";
+  bool stats = false;
 };
 
 bool parseForm(const char* word, ribtools::DefineForm& form) {
@@ -44,7 +47,9 @@ int parseArguments(int argc, char** argv, Options& options) {
       std::fputs(kUsage, stdout);
       return -1;
     }
-    if (std::strcmp(arg, "--define-as") == 0) {
+    if (std::strcmp(arg, "--stats") == 0) {
+      options.stats = true;
+    } else if (std::strcmp(arg, "--define-as") == 0) {
       if (i + 1 == argc || !parseForm(argv[++i], options.form)) {
         std::fprintf(stderr, "rib2bin: --define-as takes bare, quoted or encoded\n");
         return 2;
@@ -97,6 +102,10 @@ int main(int argc, char** argv) {
   if (!written) {
     std::fprintf(stderr, "rib2bin: cannot write '%s'\n", options.output);
     return 1;
+  }
+  if (options.stats) {
+    std::fprintf(stderr, "%lld tokens, %lld requests\n", static_cast<long long>(result.tokens),
+                 static_cast<long long>(result.keywords));
   }
   return 0;
 }

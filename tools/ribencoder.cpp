@@ -104,6 +104,7 @@ EncodeResult encodeRib(ByteReader& in, BinaryWriter& out) {
         out.string(t.text);
         break;
       case TokenKind::kKeyword:
+        ++result.keywords;
         out.keyword(t.text);
         break;
       case TokenKind::kClose:

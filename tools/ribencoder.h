@@ -12,7 +12,8 @@ namespace ribtools {
 struct EncodeResult {
   bool ok = true;
   std::string message;  // why the input could not be encoded, with its line
-  int32_t tokens = 0;
+  int64_t tokens = 0;
+  int64_t keywords = 0;  // request words, the statements of the file
 };
 
 // Turns ASCII RIB into binary RIB token by token. Comments are dropped. An

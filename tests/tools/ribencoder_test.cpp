@@ -111,6 +111,7 @@ TEST(Encoder, DropsCommentsAndWhiteSpace) {
 TEST(Encoder, DefinesARequestOnceThenUsesItsCode) {
   Encoded e = encode("Sphere Cone Sphere");
   EXPECT_EQ(hex(e.bytes), "CC 00 96 53 70 68 65 72 65 A6 00 CC 01 94 43 6F 6E 65 A6 01 A6 00");
+  EXPECT_EQ(e.result.keywords, 3);
 }
 
 TEST(Encoder, WritesTheDefinedNameInEachForm) {
@@ -153,6 +154,7 @@ TEST(Encoder, ReadsLargeInputsThroughTheBuffer) {
   ASSERT_TRUE(e.result.ok);
   EXPECT_EQ(e.bytes, expected);
   EXPECT_EQ(e.result.tokens, 400000);
+  EXPECT_EQ(e.result.keywords, 0);
 }
 
 }  // namespace
