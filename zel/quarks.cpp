@@ -1,0 +1,28 @@
+#include "zel/quarks.h"
+
+#include <algorithm>
+
+namespace zel {
+
+Quarks::Result Quarks::code(std::string_view text) {
+  auto found = codes_.find(text);
+  if (found != codes_.end()) return {found->second, false};
+  if (names_.size() == kCapacity) return {0, false};
+  uint16_t code = static_cast<uint16_t>(kFirst + names_.size());
+  auto stored = codes_.emplace(std::string(text), code).first;
+  names_.push_back(&stored->first);  // node keys keep their address
+  written_.push_back(false);
+  return {code, true};
+}
+
+void Quarks::newFile() {
+  std::fill(written_.begin(), written_.end(), false);
+}
+
+void Quarks::clear() {
+  codes_.clear();
+  names_.clear();
+  written_.clear();
+}
+
+}  // namespace zel

@@ -1,0 +1,48 @@
+#include "zel/zellib.h"
+
+#include "zel/library.h"
+#include "zel/messages.h"
+
+using namespace zel;
+
+void zelSetMessageSink(void (*sink)(const char* line)) {
+  setSink(sink);
+}
+
+void zelOutputToStream(FILE* stream) {
+  Library& lib = library();
+  lib.startFile();
+  lib.output.useStream(stream);
+  lib.writeHeader();
+}
+
+void zelDiscardOutput() {
+  Library& lib = library();
+  lib.startFile();
+  lib.output.discard();
+  lib.writeHeader();
+}
+
+bool zelFlush() {
+  return library().output.flush();
+}
+
+bool zelClose() {
+  return library().output.close();
+}
+
+bool zelWriteFailed() {
+  return library().output.failed();
+}
+
+const char* zelWriteError() {
+  return library().output.failure().c_str();
+}
+
+void zelReset() {
+  Library& lib = library();
+  lib.output.reset();
+  lib.startFile();
+  lib.quarks.clear();
+  resetMessages();
+}
