@@ -1,5 +1,6 @@
 #include "interface/ri_paramcounts.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <vector>
@@ -9,30 +10,20 @@
 
 namespace {
 
-// The reader counts in 32-bit integers; these wrap as its arithmetic does
-// instead of overflowing, so that a count that wrapped there wraps here too.
-int32_t add(int32_t a, int32_t b) {
-  return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
-}
-
-int32_t multiply(int32_t a, int32_t b) {
-  return static_cast<int32_t>(static_cast<uint32_t>(a) * static_cast<uint32_t>(b));
-}
-
 // The sum of the first n entries; none when n is 0 or less.
-int32_t sum(const RtInt values[], int32_t n) {
-  int32_t total = 0;
+int64_t sum(const RtInt values[], int64_t n) {
+  int64_t total = 0;
   if (values) {
-    for (int32_t i = 0; i < n; ++i) total = add(total, values[i]);
+    for (int64_t i = 0; i < n; ++i) total += values[i];
   }
   return total;
 }
 
 // The highest of the first n indices, never below 0.
-int32_t highest(const RtInt values[], int32_t n) {
-  int32_t top = 0;
+int64_t highest(const RtInt values[], int64_t n) {
+  int64_t top = 0;
   if (values) {
-    for (int32_t i = 0; i < n; ++i) {
+    for (int64_t i = 0; i < n; ++i) {
       if (values[i] > top) top = values[i];
     }
   }
@@ -45,12 +36,12 @@ bool isWord(RtToken token, const char* word) {
   return text && std::strcmp(text, word) == 0;
 }
 
-// Patches along one direction of a mesh. A bicubic mesh with a step below 1
-// has none: the reader refuses to divide by such a step.
-int32_t meshPatches(bool bicubic, bool periodic, int32_t points, int32_t step) {
-  if (!bicubic) return periodic ? points : add(points, -1);
-  if (step < 1) return 0;
-  return periodic ? points / step : add(add(points, -4) / step, 1);
+// Patches along one direction of a mesh; the 4 is fixed whatever the step.
+// A bicubic mesh with a step of 0 has none: the reader refuses such a mesh.
+int64_t meshPatches(bool bicubic, bool periodic, int64_t points, int64_t step) {
+  if (!bicubic) return periodic ? points : points - 1;
+  if (step == 0) return 0;
+  return periodic ? points / step : (points - 4) / step + 1;
 }
 
 RtInt gUStep = 3;
@@ -63,24 +54,23 @@ PrimitiveCounts polygonCounts(RtInt nverts) {
 }
 
 PrimitiveCounts generalPolygonCounts(RtInt nloops, const RtInt nverts[]) {
-  int32_t vertices = sum(nverts, nloops);
+  int64_t vertices = sum(nverts, nloops);
   return {1, vertices, vertices};
 }
 
 PrimitiveCounts pointsPolygonsCounts(RtInt npolys, const RtInt nverts[], const RtInt verts[]) {
-  int32_t points = add(highest(verts, sum(nverts, npolys)), 1);
+  int64_t points = highest(verts, sum(nverts, npolys)) + 1;
   return {npolys, points, points};
 }
 
 PrimitiveCounts pointsGeneralPolygonsCounts(RtInt npolys, const RtInt nloops[],
                                             const RtInt nverts[], const RtInt verts[]) {
-  int32_t loops = sum(nloops, npolys);
-  int32_t points = add(highest(verts, sum(nverts, loops)), 1);
+  int64_t points = highest(verts, sum(nverts, sum(nloops, npolys))) + 1;
   return {npolys, points, points};
 }
 
 PrimitiveCounts patchCounts(RtToken type) {
-  int32_t corners = isWord(type, "bicubic") ? 16 : 4;
+  int64_t corners = isWord(type, "bicubic") ? 16 : 4;
   return {1, corners, corners};
 }
 
@@ -88,14 +78,14 @@ PrimitiveCounts patchMeshCounts(RtToken type, RtInt nu, RtToken uwrap, RtInt nv,
   bool bicubic = isWord(type, "bicubic");
   bool uperiodic = isWord(uwrap, "periodic");
   bool vperiodic = isWord(vwrap, "periodic");
-  int32_t pu = meshPatches(bicubic, uperiodic, nu, gUStep);
-  int32_t pv = meshPatches(bicubic, vperiodic, nv, gVStep);
-  int32_t varying = multiply(add(pu, uperiodic ? 0 : 1), add(pv, vperiodic ? 0 : 1));
-  return {multiply(pu, pv), varying, multiply(nu, nv)};
+  int64_t pu = meshPatches(bicubic, uperiodic, nu, gUStep);
+  int64_t pv = meshPatches(bicubic, vperiodic, nv, gVStep);
+  int64_t varying = (pu + (uperiodic ? 0 : 1)) * (pv + (vperiodic ? 0 : 1));
+  return {pu * pv, varying, int64_t{nu} * nv};
 }
 
 PrimitiveCounts nuPatchCounts(RtInt nu, RtInt nv) {
-  int32_t points = multiply(nu, nv);
+  int64_t points = int64_t{nu} * nv;
   return {1, points, points};
 }
 
@@ -116,29 +106,21 @@ uint32_t parameterCount(RtToken token, const PrimitiveCounts* counts) {
   Token* record = token ? find(token) : nullptr;
   if (!record || record->type == TypeNone) return 0;
 
-  int32_t items = record->size;
-  if (counts) {
-    switch (record->tokenClass) {
-      case ClassUniform:
-        items = multiply(items, counts->uniform);
-        break;
-      case ClassVarying:
-        items = multiply(items, counts->varying);
-        break;
-      case ClassVertex:
-        items = multiply(items, counts->vertex);
-        break;
-      case ClassNone:
-        break;
-    }
-  }
-  if (items <= 0) return 0;
+  // Elements of the token's size: one outside geometry, else as the
+  // primitive counts the token's class.
+  int64_t elements = 1;
+  if (counts && record->tokenClass == ClassUniform) elements = counts->uniform;
+  if (counts && record->tokenClass == ClassVarying) elements = counts->varying;
+  if (counts && record->tokenClass == ClassVertex) elements = counts->vertex;
+  if (elements <= 0 || record->size <= 0) return 0;
   // A string value is one char*, however the class counts it.
   if (record->type == TypeString) return 1;
-  uint64_t scalars = static_cast<uint64_t>(items);
-  if (record->type == TypePoint || record->type == TypeColor) scalars *= 3;
-  constexpr uint64_t most = std::numeric_limits<uint32_t>::max();
-  return static_cast<uint32_t>(scalars < most ? scalars : most);
+  // Each factor is cut below 2^32 first, so no product overflows; what no
+  // value can hold is cut to the largest count.
+  constexpr int64_t most = std::numeric_limits<uint32_t>::max();
+  int64_t scalars = std::min(elements, most) * record->size;
+  if (record->type == TypePoint || record->type == TypeColor) scalars = std::min(scalars, most) * 3;
+  return static_cast<uint32_t>(std::min(scalars, most));
 }
 
 void sendParameterInfo(RtInt n, RtToken tokens[], const uint16_t codes[],

@@ -4,9 +4,8 @@
 // length (_zelParameterInfo) right before every call that takes a list. The
 // lengths are those the RIB reader held the list to:
 // - geometry: the primitive's uniform, varying and vertex counts, worked out
-//   here exactly as the reader's verify works them out (with 32-bit wrapping
-//   arithmetic and the basis steps of the last RiBasis), times the token's
-//   size;
+//   here exactly as the reader's verify works them out (in 64 bits, with
+//   the basis steps of the last RiBasis), times the token's size;
 // - every other call: one element of the token's size, which the reader
 //   guarantees by zero-padding a shorter value.
 // Points and colours count three numbers per item; a string value is one
@@ -19,9 +18,9 @@
 
 // The three counts a parameter's storage class multiplies its size by.
 struct PrimitiveCounts {
-  int32_t uniform;
-  int32_t varying;
-  int32_t vertex;
+  int64_t uniform;
+  int64_t varying;
+  int64_t vertex;
 };
 
 PrimitiveCounts polygonCounts(RtInt nverts);

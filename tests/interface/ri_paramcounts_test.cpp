@@ -1,0 +1,170 @@
+// The counts the binding gives the scene library must be those the RIB
+// reader held each parameter list to; a larger one would let the library
+// read past a value.
+#include "interface/ri_paramcounts.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "interface/token.h"
+
+namespace {
+
+char* text(const char* word) {
+  return const_cast<char*>(word);
+}
+
+struct CountsCase {
+  std::string what;
+  std::function<PrimitiveCounts()> counts;
+  PrimitiveCounts expected;
+};
+
+class PrimitiveCountsTest : public testing::TestWithParam<CountsCase> {
+ protected:
+  void SetUp() override { resetBasisSteps(); }
+};
+
+TEST_P(PrimitiveCountsTest, MatchTheReadersVerifyCounts) {
+  PrimitiveCounts got = GetParam().counts();
+  EXPECT_EQ(got.uniform, GetParam().expected.uniform);
+  EXPECT_EQ(got.varying, GetParam().expected.varying);
+  EXPECT_EQ(got.vertex, GetParam().expected.vertex);
+}
+
+RtInt four3[] = {4, 3};
+RtInt three[] = {3};
+RtInt verts017[] = {0, 1, 7};
+RtInt twoTwo[] = {2, 2};
+RtInt verts0112[] = {0, 1, 1, 2};
+RtInt zeroThree[] = {0, 3};
+RtInt verts012[] = {0, 1, 2};
+RtInt negativeVerts[] = {-4, -2, -9};
+RtInt loops21[] = {2, 1};
+RtInt nverts433[] = {4, 3, 3};
+RtInt verts10[] = {0, 1, 2, 3, 4, 5, 6, 7, 9, 8};
+RtInt hugeLoops[] = {std::numeric_limits<RtInt>::max(), 2};
+
+INSTANTIATE_TEST_SUITE_P(
+    Primitives, PrimitiveCountsTest,
+    testing::Values(
+        CountsCase{"polygon", [] { return polygonCounts(3); }, {1, 3, 3}},
+        CountsCase{"general polygon sums its loops",
+                   [] { return generalPolygonCounts(2, four3); },
+                   {1, 7, 7}},
+        CountsCase{"highest index fixes the points",
+                   [] { return pointsPolygonsCounts(1, three, verts017); },
+                   {1, 8, 8}},
+        CountsCase{"uniform counts polygons",
+                   [] { return pointsPolygonsCounts(2, twoTwo, verts0112); },
+                   {2, 3, 3}},
+        CountsCase{"polygon without vertices",
+                   [] { return pointsPolygonsCounts(2, zeroThree, verts012); },
+                   {2, 3, 3}},
+        CountsCase{"negative indices never raise the count",
+                   [] { return pointsPolygonsCounts(1, three, negativeVerts); },
+                   {1, 1, 1}},
+        CountsCase{"general mesh sums loops then vertices",
+                   [] { return pointsGeneralPolygonsCounts(2, loops21, nverts433, verts10); },
+                   {2, 10, 10}},
+        CountsCase{"sums do not wrap",
+                   [] { return generalPolygonCounts(2, hugeLoops); },
+                   {1, 2147483649, 2147483649}},
+        CountsCase{"bicubic patch", [] { return patchCounts(text("bicubic")); }, {1, 16, 16}},
+        CountsCase{"bicubic patch token", [] { return patchCounts(RI_BICUBIC); }, {1, 16, 16}},
+        CountsCase{"bilinear patch", [] { return patchCounts(RI_BILINEAR); }, {1, 4, 4}},
+        CountsCase{"patch type in capitals is not bicubic",
+                   [] { return patchCounts(text("Bicubic")); },
+                   {1, 4, 4}},
+        CountsCase{"null patch type", [] { return patchCounts(nullptr); }, {1, 4, 4}},
+        CountsCase{"bicubic mesh, steps 3",
+                   [] { return patchMeshCounts(RI_BICUBIC, 7, RI_NONPERIODIC, 4, RI_NONPERIODIC); },
+                   {2, 6, 28}},
+        CountsCase{"bilinear mesh periodic in v",
+                   [] { return patchMeshCounts(RI_BILINEAR, 3, RI_NONPERIODIC, 4, RI_PERIODIC); },
+                   {8, 12, 12}},
+        CountsCase{"bicubic mesh truncates toward zero",
+                   [] { return patchMeshCounts(RI_BICUBIC, 3, RI_NONPERIODIC, 1, RI_NONPERIODIC); },
+                   {0, 2, 3}},
+        CountsCase{"wrap word in capitals is not periodic",
+                   [] { return patchMeshCounts(RI_BILINEAR, 3, text("Periodic"), 2, RI_PERIODIC); },
+                   {4, 6, 6}},
+        CountsCase{"nurbs patch", [] { return nuPatchCounts(4, 4); }, {1, 16, 16}},
+        CountsCase{"products do not wrap",
+                   [] { return nuPatchCounts(65536, 65536); },
+                   {1, int64_t{1} << 32, int64_t{1} << 32}},
+        CountsCase{"quadric", [] { return quadricCounts(); }, {1, 4, 4}}),
+    [](const testing::TestParamInfo<CountsCase>& info) {
+      std::string name;
+      for (char c : info.param.what) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+      return name;
+    });
+
+TEST(PatchMeshCounts, DivideByTheStepsOfTheLastBasis) {
+  setBasisSteps(1, 1);
+  PrimitiveCounts got = patchMeshCounts(RI_BICUBIC, 6, RI_PERIODIC, 5, RI_NONPERIODIC);
+  setBasisSteps(0, -2);
+  PrimitiveCounts stepless = patchMeshCounts(RI_BICUBIC, 6, RI_PERIODIC, 5, RI_NONPERIODIC);
+  setBasisSteps(-1, -1);
+  PrimitiveCounts backwards = patchMeshCounts(RI_BICUBIC, 7, RI_NONPERIODIC, 7, RI_NONPERIODIC);
+  resetBasisSteps();
+  PrimitiveCounts fresh = patchMeshCounts(RI_BICUBIC, 7, RI_NONPERIODIC, 4, RI_NONPERIODIC);
+
+  EXPECT_EQ(got.uniform, 12);
+  EXPECT_EQ(got.varying, 18);
+  EXPECT_EQ(got.vertex, 30);
+  // A step of 0 gives no patches rather than a division by it.
+  EXPECT_EQ(stepless.uniform, 0);
+  EXPECT_EQ(stepless.varying, 0);
+  // A negative step divides as the reader divides: (7 - 4) / -1 + 1 = -2.
+  EXPECT_EQ(backwards.uniform, 4);
+  EXPECT_EQ(backwards.varying, 1);
+  EXPECT_EQ(backwards.vertex, 49);
+  EXPECT_EQ(fresh.uniform, 2);
+}
+
+struct ScalarCase {
+  const char* name;
+  RtToken token;
+  bool geometry;
+  PrimitiveCounts counts;
+  uint32_t expected;
+};
+
+class ParameterCountTest : public testing::TestWithParam<ScalarCase> {};
+
+TEST_P(ParameterCountTest, CountsScalarsOfTheValue) {
+  const ScalarCase& c = GetParam();
+  EXPECT_EQ(parameterCount(c.token, c.geometry ? &c.counts : nullptr), c.expected) << c.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tokens, ParameterCountTest,
+    testing::Values(
+        ScalarCase{"P", RI_P, true, {1, 4, 4}, 12}, ScalarCase{"Pw", RI_PW, true, {1, 4, 4}, 16},
+        ScalarCase{"Pz", RI_PZ, true, {1, 4, 4}, 4}, ScalarCase{"Cs", RI_CS, true, {1, 3, 5}, 9},
+        ScalarCase{"Np", RI_NP, true, {2, 3, 3}, 6}, ScalarCase{"st", RI_ST, true, {1, 4, 4}, 8},
+        ScalarCase{"Ka", RI_KA, true, {7, 4, 4}, 7},
+        ScalarCase{"texturename", RI_TEXTURENAME, true, {1, 4, 4}, 1},
+        ScalarCase{"negative", RI_P, true, {1, -5, -5}, 0},
+        ScalarCase{"keyword", RI_PERSPECTIVE, false, {}, 0},
+        ScalarCase{"null", nullptr, false, {}, 0}, ScalarCase{"origin", RI_ORIGIN, false, {}, 2},
+        ScalarCase{"lightcolor", RI_LIGHTCOLOR, false, {}, 3},
+        ScalarCase{"from", RI_FROM, false, {}, 3},
+        ScalarCase{"coneangle", RI_CONEANGLE, false, {}, 1},
+        ScalarCase{"name", RI_NAME, false, {}, 1},
+        ScalarCase{"Pw outside geometry", RI_PW, false, {}, 4},
+        ScalarCase{"many points", RI_P, true, {1, 1 << 30, 1 << 30}, 3u << 30}));
+
+TEST(ParameterCount, NameGivenAsTextFindsItsRecord) {
+  EXPECT_EQ(parameterCount(text("Cs"), nullptr), 3u);
+  EXPECT_EQ(parameterCount(text("no such parameter"), nullptr), 0u);
+}
+
+}  // namespace
