@@ -1,0 +1,99 @@
+#include "tests/interface/ri_scene.h"
+
+#include <unistd.h>
+
+#include <charconv>
+#include <cstdio>
+
+#include "interface/error.h"
+#include "interface/scene/zel.h"
+#include "zel/zellib.h"
+
+namespace {
+
+std::vector<std::string> gMessages;
+
+void collect(const char* line) {
+  gMessages.emplace_back(line);
+}
+
+// Unique across the test processes that ctest runs side by side.
+std::string scenePath() {
+  static int serial = 0;
+  return testing::TempDir() + "ri_scene_" + std::to_string(getpid()) + "_" +
+         std::to_string(++serial) + ".zel";
+}
+
+}  // namespace
+
+void RiSceneTest::SetUp() {
+  gMessages.clear();
+  setMessageSink(collect);
+  zelSetMessageSink(collect);
+  setErrorHandler(RiErrorPrint);
+  path_ = scenePath();
+  _zelOutputFile(0x0200, path_.c_str());
+  ASSERT_FALSE(zelWriteFailed()) << zelWriteError();
+}
+
+void RiSceneTest::TearDown() {
+  setMessageSink(nullptr);
+  zelSetMessageSink(nullptr);
+  std::remove(path_.c_str());
+}
+
+ZelFile RiSceneTest::readScene() {
+  EXPECT_TRUE(zelClose()) << zelWriteError();
+  return readZelFile(path_);
+}
+
+std::vector<ZelRecord> RiSceneTest::operations() {
+  std::vector<ZelRecord> records;
+  for (ZelRecord& record : readScene().records) {
+    if (record.op != "Quark") records.push_back(std::move(record));
+  }
+  return records;
+}
+
+std::vector<std::string> RiSceneTest::lines() {
+  std::vector<std::string> described;
+  for (const ZelRecord& record : operations()) described.push_back(describe(record));
+  return described;
+}
+
+const std::vector<std::string>& RiSceneTest::messages() const {
+  return gMessages;
+}
+
+std::string describe(const ZelValue& value) {
+  switch (value.kind()) {
+    case ZelValue::Kind::Null:
+      return "null";
+    case ZelValue::Kind::Boolean:
+      return value.asBool() ? "true" : "false";
+    case ZelValue::Kind::Integer:
+      return std::to_string(value.asInt());
+    case ZelValue::Kind::Float: {
+      char digits[32];
+      auto end = std::to_chars(digits, digits + sizeof digits, value.asFloat()).ptr;
+      return std::string(digits, end);
+    }
+    case ZelValue::Kind::Text:
+      return "\"" + value.asText() + "\"";
+    case ZelValue::Kind::Array: {
+      std::string items = "[";
+      for (const ZelValue& item : value.items()) {
+        if (items.size() > 1) items += ",";
+        items += describe(item);
+      }
+      return items + "]";
+    }
+  }
+  return "?";
+}
+
+std::string describe(const ZelRecord& record) {
+  std::string line = record.op;
+  for (const ZelValue& arg : record.args) line += " " + describe(arg);
+  return line;
+}
