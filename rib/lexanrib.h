@@ -81,15 +81,43 @@ class lexanrib {
   uint32_t floatindex;
 
  private:
+  // Appends to text through local copies of its fields, so the byte loops keep
+  // them in registers; text.count is brought up to date before a grow (which
+  // may throw) and when the cursor goes out of scope.
+  class TextCursor {
+   public:
+    explicit TextCursor(Array<char>& a) : a_(a), d_(a.data), n_(a.count), cap_(a.capacity) {}
+    TextCursor(const TextCursor&) = delete;
+    TextCursor& operator=(const TextCursor&) = delete;
+    ~TextCursor() { a_.count = n_; }
+    void push(unsigned char c) {
+      if (n_ == cap_) spill();
+      d_[n_++] = static_cast<char>(c);
+    }
+
+   private:
+    void spill() {
+      a_.count = n_;
+      a_.grow();
+      d_ = a_.data;
+      cap_ = a_.capacity;
+    }
+    Array<char>& a_;
+    char* d_;
+    uint32_t n_;
+    uint32_t cap_;
+  };
+
   [[noreturn]] static void assertionFailed(const char* expression, int line);
 
+  void skipcomment();
   void scanstring(unsigned char c);
   void scanstringbody();
+  bool scanescape(TextCursor& out);
   int16_t scannumber(unsigned char c);
+  void convertnumber(bool isfloat);
   void scankeyword(unsigned char c);
-  void scanword(unsigned char c, bool ended);
-  void skipcomment();
-  void appendtext(char c) { text.append(c); }
+  void scanword(TextCursor& out, unsigned char c, bool ended);
 
   int16_t scanbinary(unsigned char c);
   uint32_t scanbinlong(uint16_t n);

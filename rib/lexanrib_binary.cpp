@@ -1,0 +1,147 @@
+// The binary encoding: a token whose first byte has bit 7 set. Multi-byte
+// values are big-endian.
+#include <bit>
+
+#include "rib/lexanrib.h"
+
+int16_t lexanrib::scanbinary(unsigned char c) {
+  if (c <= 0x8F) return scanbinnumber(c);
+  if (c <= 0xA3) return scanbinstring(c);
+  switch (c) {
+    case 0xA4:
+      return scanbinfloat(c);
+    case 0xA5:
+      return scanbindouble(c);
+    case 0xA6: {
+      unsigned char code;
+      if (!stream.get(code)) return LEXEOF;
+      copytext(requests, code);
+      return LEXKEYWORD;
+    }
+    case 0xC8:
+    case 0xC9:
+    case 0xCA:
+    case 0xCB:
+      return scanbinfloats(c);
+    case 0xCC:
+      definerequest();
+      return LEXNONE;
+    case 0xCD:
+    case 0xCE:
+      definestring(c);
+      return LEXNONE;
+    case 0xCF:
+    case 0xD0:
+      copytext(strings, scanbinlong(c - 0xCE));
+      return LEXSTRING;
+    default:  // unassigned bytes end the stream
+      return LEXEOF;
+  }
+}
+
+// A read that fails adds nothing, so a cut stream gives a short value.
+uint32_t lexanrib::scanbinlong(uint16_t n) {
+  uint32_t value = 0;
+  for (; n > 0; --n) {
+    unsigned char b;
+    if (stream.get(b)) value = value * 256 + b;
+  }
+  return value;
+}
+
+// 1000ddww: w + 1 value bytes, d of them (or more) fraction bytes.
+int16_t lexanrib::scanbinnumber(unsigned char c) {
+  unsigned fraction = (c >> 2) & 3;
+  unsigned width = c & 3;
+  intvalue = static_cast<int32_t>(scanbinlong(static_cast<uint16_t>(width + 1)));
+  if (fraction == 0) return LEXINT;
+  // Dividing by a power of two is exact in double; the narrowing rounds once.
+  floatvalue = static_cast<float>(intvalue / static_cast<double>(1u << (8 * fraction)));
+  return LEXFLOAT;
+}
+
+// 0x90-0x9F hold the length in the low nibble; 0xA0-0xA3 give 1 to 4 length
+// bytes. The text is taken as it stands: no escapes, no line counting.
+int16_t lexanrib::scanbinstring(unsigned char c) {
+  uint32_t length = c < 0xA0 ? c - 0x90u : scanbinlong(static_cast<uint16_t>(c - 0x9F));
+  text.count = 0;
+  TextCursor out(text);
+  unsigned char b;
+  while (length > 0 && stream.get(b)) {
+    out.push(b);
+    --length;
+  }
+  out.push('\0');
+  return LEXSTRING;
+}
+
+int16_t lexanrib::scanbinfloat(unsigned char) {
+  floatvalue = std::bit_cast<float>(scanbinlong(4));
+  return LEXFLOAT;
+}
+
+int16_t lexanrib::scanbindouble(unsigned char) {
+  uint64_t high = scanbinlong(4);
+  uint64_t bits = high << 32 | scanbinlong(4);
+  floatvalue = static_cast<float>(std::bit_cast<double>(bits));
+  return LEXFLOAT;
+}
+
+// Reads the whole array now; next delivers it element by element.
+int16_t lexanrib::scanbinfloats(unsigned char c) {
+  uint32_t count = scanbinlong(static_cast<uint16_t>(c - 0xC7));
+  floats.count = 0;
+  for (uint32_t i = 0; i < count && !stream.eof(); ++i) {
+    scanbinfloat(c);
+    floats.append(floatvalue);
+  }
+  floatindex = 0;
+  infloats = 1;
+  return '[';
+}
+
+// 0xCC code name. Besides a bare word, the name may come as an encoded string
+// or a quoted one, as other programs' writers produce it.
+void lexanrib::definerequest() {
+  unsigned char code, b;
+  if (!stream.get(code) || !stream.get(b)) return;
+  if (b >= 0x90 && b <= 0xA3) {
+    scanbinstring(b);
+  } else if (b == '"') {
+    scanstring(b);
+  } else {
+    text.count = 0;
+    scankeyword(b);
+  }
+  requests(code) = String(text.data, text.count);
+}
+
+// 0xCD/0xCE index string: an encoded string, or any ASCII byte taken as the
+// opening quote of an ASCII string. Another byte with bit 7 set is no string
+// header: nothing is defined and the byte starts the next token.
+void lexanrib::definestring(unsigned char c) {
+  uint32_t index = scanbinlong(static_cast<uint16_t>(c - 0xCC));
+  unsigned char b;
+  if (!stream.get(b)) return;
+  if (b & 0x80) {
+    if (b < 0x90 || b > 0xA3) {
+      stream.putback(b);
+      return;
+    }
+    scanbinstring(b);
+  } else {
+    scanstring(b);
+  }
+  strings(index) = String(text.data, text.count);
+}
+
+// An index beyond the table reads as an empty text and leaves the table alone.
+void lexanrib::copytext(const Array<String>& table, uint32_t index) {
+  text.count = 0;
+  TextCursor out(text);
+  if (index < table.count) {
+    const String& s = table.data[index];
+    for (uint16_t i = 0; i < s.size(); ++i) out.push(static_cast<unsigned char>(s.c_str()[i]));
+  }
+  out.push('\0');
+}

@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "rib/lexanrib.h"
+#include "tests/rib/lexanrib_test_support.h"
+
+using lexantest::Reports;
+using lexantest::Scan;
+using lexantest::tokens;
+using Words = std::vector<std::string>;
+
+namespace {
+
+// Bytes from a list of numbers, so NULs and high bytes read plainly.
+std::string bytes(std::initializer_list<int> list) {
+  std::string s;
+  for (int b : list) s += static_cast<char>(b);
+  return s;
+}
+
+struct Case {
+  std::string input;
+  Words expected;
+};
+
+void expectTokens(const std::vector<Case>& cases) {
+  for (size_t i = 0; i < cases.size(); ++i)
+    EXPECT_EQ(tokens(cases[i].input), cases[i].expected) << "case " << i;
+}
+
+TEST(LexanribBinary, Numbers) {
+  expectTokens({
+      {bytes({0x80, 0x05}), {"INT 5", "EOF"}},
+      {bytes({0x81, 0x01, 0x00}), {"INT 256", "EOF"}},
+      {bytes({0x81, 0xFF, 0xFF}), {"INT 65535", "EOF"}},
+      {bytes({0x82, 0xFF, 0xFF, 0xFF}), {"INT 16777215", "EOF"}},
+      {bytes({0x83, 0xFF, 0xFF, 0xFF, 0xFF}), {"INT -1", "EOF"}},
+      {bytes({0x85, 0x01, 0x80}), {"FLOAT 1.5", "EOF"}},
+      {bytes({0x8C, 0xFF}), {"FLOAT 1.51991844e-05", "EOF"}},
+      {bytes({0x8B, 0xFF, 0xFF, 0x80, 0x00}), {"FLOAT -0.5", "EOF"}},
+  });
+}
+
+TEST(LexanribBinary, FloatsOfBothWidths) {
+  expectTokens({
+      {bytes({0xA4, 0x3F, 0x80, 0x00, 0x00}), {"FLOAT 1", "EOF"}},
+      {bytes({0xA4, 0xC0, 0x20, 0x00, 0x00}), {"FLOAT -2.5", "EOF"}},
+      {bytes({0xA5, 0x3F, 0xF0, 0, 0, 0, 0, 0, 0}), {"FLOAT 1", "EOF"}},
+      {bytes({0xA5, 0x3F, 0xB9, 0x99, 0x99, 0x99, 0x99, 0x99, 0x9A}), {"FLOAT 0.100000001", "EOF"}},
+  });
+}
+
+TEST(LexanribBinary, Strings) {
+  expectTokens({
+      {bytes({0x90}), {"STRING ", "EOF"}},
+      {bytes({0x93, 'a', 'b', 'c'}), {"STRING abc", "EOF"}},
+      {bytes({0xA0, 0x03, 'a', 'b', 'c'}), {"STRING abc", "EOF"}},
+      {bytes({0xA1, 0x00, 0x02, '\n', '"'}), {"STRING \n\"", "EOF"}},
+  });
+  Scan scan(bytes({0x93, 'a', 0, 'b', 0x92, '\\', 'n'}));
+  ASSERT_EQ(scan.lex.next(), LEXSTRING);
+  EXPECT_EQ(scan.lex.text.count, 4u);  // a NUL b, then the terminator
+  EXPECT_EQ(lexantest::describe(scan.lex, LEXSTRING), "STRING a");
+  EXPECT_EQ(scan.lex.next(), LEXSTRING);
+  EXPECT_STREQ(scan.lex.text.data, "\\n");
+  EXPECT_EQ(scan.lex.line, 1);
+}
+
+TEST(LexanribBinary, LongStringLength) {
+  std::string body(70000, 'q');
+  Scan scan(bytes({0xA2, 0x01, 0x11, 0x70}) + body + "1");
+  ASSERT_EQ(scan.lex.next(), LEXSTRING);
+  EXPECT_EQ(scan.lex.text.count, 70001u);
+  EXPECT_EQ(scan.lex.next(), LEXINT);
+}
+
+TEST(LexanribBinary, FloatArrayIsDeliveredElementByElement) {
+  Scan scan(bytes({0xC8, 0x02, 0x3F, 0x80, 0, 0, 0x40, 0, 0, 0}) + "\n7");
+  lexanrib& lex = scan.lex;
+  EXPECT_EQ(lex.next(), '[');
+  EXPECT_EQ(lex.next(), LEXFLOAT);
+  float f;
+  lex.get(f);
+  EXPECT_EQ(f, 1.0f);
+  EXPECT_EQ(lex.next(), LEXFLOAT);
+  lex.get(f);
+  EXPECT_EQ(f, 2.0f);
+  EXPECT_EQ(lex.next(), ']');
+  EXPECT_EQ(lex.infloats, 0);
+  EXPECT_EQ(lex.next(), LEXINT);
+  EXPECT_EQ(lex.lastline, 1);
+
+  expectTokens({
+      {bytes({0xC8, 0x00}), {"[", "]", "EOF"}},
+      {bytes({0xC9, 0x00, 0x01, 0x3F, 0x80, 0, 0}), {"[", "FLOAT 1", "]", "EOF"}},
+      // A count far beyond the data stops at the end of the stream.
+      {bytes({0xCB, 0xFF, 0xFF, 0xFF, 0xFF, 0x3F, 0x80, 0, 0}), {"[", "FLOAT 1", "]", "EOF"}},
+  });
+}
+
+TEST(LexanribBinary, RequestDefinitions) {
+  expectTokens({
+      {bytes({0xCC, 0x05}) + "Sphere " + bytes({0xA6, 0x05}), {"KEYWORD Sphere", "EOF"}},
+      {bytes({0xCC, 0x05}) + "Sphere " + bytes({0xCC, 0x06}) + "Cone " +
+           bytes({0xA6, 0x06, 0xA6, 0x05}),
+       {"KEYWORD Cone", "KEYWORD Sphere", "EOF"}},
+      {bytes({0xCC, 200}) + "Torus" + bytes({0xA6, 200}), {"KEYWORD Torus", "EOF"}},
+      {bytes({0xCC, 0x05}) + "Sphere " + bytes({0xCC, 0x05}) + "Disk " + bytes({0xA6, 0x05}),
+       {"KEYWORD Disk", "EOF"}},
+      {bytes({0xA6, 0x09}), {"KEYWORD ", "EOF"}},
+  });
+}
+
+TEST(LexanribBinary, RequestNameMayBeAString) {
+  expectTokens({
+      {bytes({0xCC, 0x07, 0x96}) + "Sphere" + bytes({0xA6, 0x07}), {"KEYWORD Sphere", "EOF"}},
+      {bytes({0xCC, 0x07, 0xA0, 0x04}) + "Cone" + bytes({0xA6, 0x07}), {"KEYWORD Cone", "EOF"}},
+      {bytes({0xCC, 0x07}) + "\"Disk\"" + bytes({0xA6, 0x07}), {"KEYWORD Disk", "EOF"}},
+      // A byte with bit 7 set outside the string headers gives an empty word.
+      {bytes({0xCC, 0x07, 0x80, 0x03, 0xA6, 0x07}), {"INT 3", "KEYWORD ", "EOF"}},
+  });
+}
+
+TEST(LexanribBinary, StringDefinitions) {
+  expectTokens({
+      {bytes({0xCD, 0x07, 0x93}) + "abc" + bytes({0xCF, 0x07}), {"STRING abc", "EOF"}},
+      {bytes({0xCE, 0x01, 0x00}) + "\"t\\tx\"" + bytes({0xD0, 0x01, 0x00}), {"STRING t\tx", "EOF"}},
+      {bytes({0xCD, 0x07, 0x91, 'a', 0xCD, 0x07, 0x91, 'b', 0xCF, 0x07}), {"STRING b", "EOF"}},
+      {bytes({0xCF, 0x09}), {"STRING ", "EOF"}},
+      {bytes({0xD0, 0xFF, 0xFF}), {"STRING ", "EOF"}},
+      // Not a string header: nothing is defined and the byte is the next token.
+      {bytes({0xCD, 0x02, 0x80, 0x04, 0xCF, 0x02}), {"INT 4", "STRING ", "EOF"}},
+  });
+  Scan scan(bytes({0xD0, 0x10, 0x00}));
+  scan.lex.next();
+  EXPECT_EQ(scan.lex.strings.count, 0u);  // a lookup never grows the table
+}
+
+TEST(LexanribBinary, DefinedTextStaysInTextUntilTheNextToken) {
+  Reports reports;
+  Scan scan(bytes({0xCD, 0x01, 0x92}) + "ab" + "[");
+  EXPECT_EQ(scan.lex.next(), '[');
+  scan.lex.RIBError(16, 2, nullptr);
+  EXPECT_EQ(reports.lines(), (Words{"RIB error: general syntactic error at line 1 'ab'"}));
+}
+
+TEST(LexanribBinary, BadAsciiStringInADefinition) {
+  Reports reports;
+  expectTokens({{bytes({0xCD, 0x01}) + "\"ab\ncd",
+                 {"THROW 16 String runs past end of line", "KEYWORD cd", "EOF"}}});
+  // The quote is never closed: the definition swallows the rest.
+  expectTokens({{bytes({0xCD, 0x01}) + "\"ab" + bytes({0xCF, 0x01}), {"EOF"}}});
+  EXPECT_EQ(reports.lines().size(), 1u);
+}
+
+TEST(LexanribBinary, UnassignedBytesEndTheStream) {
+  for (int b : {0xA7, 0xB0, 0xC7, 0xD1, 0xE0, 0xFF}) {
+    Scan scan(bytes({0x80, 0x01, b, 0x80, 0x02}));
+    EXPECT_EQ(tokens(scan.lex), (Words{"INT 1", "EOF"})) << b;
+    EXPECT_EQ(scan.source.consumed(), 3u) << b;
+  }
+}
+
+TEST(LexanribBinary, CutShortAtTheEnd) {
+  for (const std::string& input :
+       {bytes({0x83, 0x01}), bytes({0xA4, 0x3F}), bytes({0xA5}), bytes({0x95, 'a'}),
+        bytes({0xA3, 0xFF}), bytes({0xA6}), bytes({0xCC}), bytes({0xCC, 0x01}), bytes({0xCD}),
+        bytes({0xCE, 0x01}), bytes({0xCF}), bytes({0xC9, 0x00})}) {
+    Words got = tokens(input);
+    ASSERT_FALSE(got.empty());
+    EXPECT_EQ(got.back(), "EOF");
+    EXPECT_LE(got.size(), 3u);
+  }
+}
+
+TEST(LexanribMixed, AsciiAndBinaryAlternate) {
+  std::string input = bytes({0xCC, 0x01}) + "Sphere\n" + bytes({0xA6, 0x01}) + "1 " +
+                      bytes({0x80, 0x02}) + "-3 " + bytes({0xA4, 0x40, 0x80, 0, 0}) + "[ 4 " +
+                      bytes({0xC8, 0x01, 0x3F, 0x80, 0, 0}) + "]\n" + "Cone" + bytes({0x92}) +
+                      "ab" + "# comment \xFF\n" + bytes({0xCD, 0x00, 0x91, 'P'}) + "\"Cs\"" +
+                      bytes({0xCF, 0x00});
+  Scan scan(input);
+  EXPECT_EQ(tokens(scan.lex), (Words{"KEYWORD Sphere", "INT 1", "INT 2", "INT -3", "FLOAT 4", "[",
+                                     "INT 4", "[", "FLOAT 1", "]", "]", "KEYWORD Cone", "STRING ab",
+                                     "STRING Cs", "STRING P", "EOF"}));
+  EXPECT_EQ(scan.lex.line, 4);
+}
+
+TEST(LexanribMixed, LineFeedsInBinaryDataCountNothing) {
+  Scan scan(bytes({0x80, '\n', 0x92, '\n', '\n', 0xA4, '\n', '\n', '\n', '\n'}) + "\nX");
+  EXPECT_EQ(tokens(scan.lex).size(), 5u);
+  EXPECT_EQ(scan.lex.line, 2);
+}
+
+}  // namespace

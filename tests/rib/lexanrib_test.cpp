@@ -1,0 +1,276 @@
+#include "rib/lexanrib.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/rib/lexanrib_test_support.h"
+
+using lexantest::Reports;
+using lexantest::Scan;
+using lexantest::tokens;
+using Words = std::vector<std::string>;
+
+namespace {
+
+struct Case {
+  const char* input;
+  Words expected;
+};
+
+void expectTokens(const std::vector<Case>& cases) {
+  for (const Case& c : cases) EXPECT_EQ(tokens(c.input), c.expected) << "input: " << c.input;
+}
+
+TEST(LexanribNumbers, GoodNumbers) {
+  expectTokens({
+      {"12", {"INT 12", "EOF"}},
+      {"+5 -7 0", {"INT 5", "INT -7", "INT 0", "EOF"}},
+      {".5 -.5 1.25", {"FLOAT 0.5", "FLOAT -0.5", "FLOAT 1.25", "EOF"}},
+      {"1.5e3 1E5 1e+5 2e-1",
+       {"FLOAT 1500", "FLOAT 100000", "FLOAT 100000", "FLOAT 0.200000003", "EOF"}},
+      {"0.1", {"FLOAT 0.100000001", "EOF"}},
+      {"2147483647 -2147483648", {"INT 2147483647", "INT -2147483648", "EOF"}},
+  });
+}
+
+TEST(LexanribNumbers, NumbersEndAtTerminatorsWithoutSpace) {
+  expectTokens({
+      {"12[", {"INT 12", "[", "EOF"}},
+      {"12]", {"INT 12", "]", "EOF"}},
+      {"12\"s\"", {"INT 12", "STRING s", "EOF"}},
+      {"12#x\n3", {"INT 12", "INT 3", "EOF"}},
+      {"1\t2\r3\n4", {"INT 1", "INT 2", "INT 3", "INT 4", "EOF"}},
+  });
+}
+
+TEST(LexanribNumbers, MalformedNumbersRaiseAndQuoteTheWord) {
+  for (const char* bad :
+       {"12abc", "1.2.3", "12-3", "5.", ".", "+", "-", "1e", "1e+", ".e5", "1.5x"}) {
+    Scan scan(std::string(bad) + " 7");
+    try {
+      scan.lex.next();
+      ADD_FAILURE() << bad << " scanned without error";
+    } catch (const RIBException& e) {
+      EXPECT_EQ(e.code, 16) << bad;
+      EXPECT_EQ(e.severity, 2) << bad;
+      EXPECT_STREQ(e.message.c_str(), "Invalid number") << bad;
+      EXPECT_STREQ(scan.lex.text.data, bad);
+    }
+    EXPECT_EQ(scan.lex.next(), LEXINT) << "the scan goes on after " << bad;
+  }
+}
+
+TEST(LexanribNumbers, FailedNumberLeavesTokenKindAlone) {
+  Scan scan("Sphere 5.");
+  EXPECT_EQ(scan.lex.next(), LEXKEYWORD);
+  EXPECT_THROW(scan.lex.next(), RIBException);
+  EXPECT_EQ(scan.lex.thistoke, LEXKEYWORD);
+  EXPECT_EQ(scan.lex.next(), LEXEOF);
+}
+
+TEST(LexanribNumbers, BinaryByteAfterDigitsIsInvalidAndStaysInTheStream) {
+  EXPECT_EQ(tokens(std::string("12\x80\x05", 4)),
+            (Words{"THROW 16 Invalid number", "INT 5", "EOF"}));
+}
+
+TEST(LexanribNumbers, OutOfRangeValues) {
+  expectTokens({
+      {"1e39", {"FLOAT inf", "EOF"}},
+      {"-1e400", {"FLOAT -inf", "EOF"}},
+      {"1e-400 0.0000e999", {"FLOAT 0", "FLOAT 0", "EOF"}},
+      {"99999999999 -99999999999", {"INT 2147483647", "INT -2147483648", "EOF"}},
+  });
+  // Read as a double and then narrowed: just above the midpoint between two
+  // floats, the double lands on the midpoint and the narrowing goes to even.
+  EXPECT_EQ(tokens("1.00000005960464477550"), (Words{"FLOAT 1", "EOF"}));
+}
+
+TEST(LexanribStrings, EscapesAndOctal) {
+  expectTokens({
+      {R"("plain")", {"STRING plain", "EOF"}},
+      {R"("a\q")", {"STRING aq", "EOF"}},
+      {R"("\101\60")", {"STRING A0", "EOF"}},
+      {R"("\1019")", {"STRING A9", "EOF"}},
+      {R"("\18")",
+       {"STRING \x01"
+        "8",
+        "EOF"}},
+      {R"("ab\0cd")", {"STRING ab", "EOF"}},
+      {R"("q\"q\\")", {"STRING q\"q\\", "EOF"}},
+      {R"("\n\r\t\b\f")", {"STRING \n\r\t\b\f", "EOF"}},
+      {R"("")", {"STRING ", "EOF"}},
+      {"\"a\\\nb\"", {"STRING ab", "EOF"}},
+      {"\"#not a comment [ ]\"", {"STRING #not a comment [ ]", "EOF"}},
+  });
+}
+
+TEST(LexanribStrings, OctalValuesAreEightBits) {
+  Scan scan(R"("\777\400\0")");
+  ASSERT_EQ(scan.lex.next(), LEXSTRING);
+  ASSERT_EQ(scan.lex.text.count, 4u);
+  EXPECT_EQ(static_cast<unsigned char>(scan.lex.text.data[0]), 0xFF);
+  EXPECT_EQ(scan.lex.text.data[1], '\0');
+  EXPECT_EQ(scan.lex.text.data[2], '\0');
+}
+
+TEST(LexanribStrings, LineEndInsideAStringRaisesAndLeavesTheRestOfTheLine) {
+  Reports reports;
+  // The scan resumes at "cd", whose closing quote then opens a string.
+  EXPECT_EQ(tokens("\"ab\ncd\" 3"),
+            (Words{"THROW 16 String runs past end of line", "KEYWORD cd", "STRING  3", "EOF"}));
+  // A backslash keeps the carriage return, but the line feed still breaks.
+  EXPECT_EQ(tokens("Sphere \"ab\\\r\n\" 4"),
+            (Words{"KEYWORD Sphere", "THROW 16 String runs past end of line", "STRING  4", "EOF"}));
+  EXPECT_EQ(reports.lines().size(), 2u);
+}
+
+TEST(LexanribStrings, BrokenStringKeepsTheTokenKind) {
+  Scan scan("Sphere \"ab\ncd");
+  EXPECT_EQ(scan.lex.next(), LEXKEYWORD);
+  try {
+    scan.lex.next();
+    ADD_FAILURE() << "no exception";
+  } catch (const RIBException& e) {
+    EXPECT_EQ(e.code, 16);
+    EXPECT_EQ(e.severity, 2);
+    EXPECT_STREQ(e.message.c_str(), "String runs past end of line");
+  }
+  EXPECT_EQ(scan.lex.thistoke, LEXKEYWORD);
+  EXPECT_STREQ(scan.lex.text.data, "ab");
+  EXPECT_EQ(scan.lex.line, 2);
+  EXPECT_EQ(scan.lex.next(), LEXKEYWORD);  // the rest of the line: cd
+}
+
+TEST(LexanribStrings, UnterminatedAtEndIsReportedAndDelivered) {
+  for (const char* input : {"\"abc", "\"a\\", "\"a\\1"}) {
+    Reports reports;
+    Scan scan(input);
+    EXPECT_EQ(scan.lex.next(), LEXSTRING) << input;
+    ASSERT_EQ(reports.lines().size(), 1u) << input;
+    EXPECT_EQ(scan.lex.next(), LEXEOF);
+  }
+  Reports reports;
+  EXPECT_EQ(tokens("\"a\\"), (Words{"STRING a", "EOF"}));
+  EXPECT_EQ(reports.lines(),
+            (Words{"RIB error: general syntactic error at line 1 'a': Unterminated string"}));
+}
+
+TEST(LexanribStrings, SixtyThousandBytesArriveWhole) {
+  std::string body;
+  for (int i = 0; i < 60000; ++i) body += static_cast<char>('a' + i % 26);
+  Scan scan("\"" + body + "\" 1");
+  ASSERT_EQ(scan.lex.next(), LEXSTRING);
+  String s;
+  scan.lex.get(s);
+  EXPECT_EQ(std::string(s.c_str()), body);
+  EXPECT_EQ(scan.lex.next(), LEXINT);
+}
+
+TEST(LexanribStrings, TextBeyondAStringsLimitIsCutOnDelivery) {
+  std::string body(70000, 'z');
+  Scan scan("\"" + body + "\"");
+  ASSERT_EQ(scan.lex.next(), LEXSTRING);
+  EXPECT_EQ(scan.lex.text.count, 70001u);
+  String s;
+  scan.lex.get(s);
+  EXPECT_EQ(s.size(), 65535);
+}
+
+TEST(LexanribKeywords, WordsEndOnlyAtTerminators) {
+  expectTokens({
+      {"Sphere", {"KEYWORD Sphere", "EOF"}},
+      {"Sphere\"x\"", {"KEYWORD Sphere", "STRING x", "EOF"}},
+      {"Sphere[1]", {"KEYWORD Sphere", "[", "INT 1", "]", "EOF"}},
+      {"Sphere#x\nCone", {"KEYWORD Sphere", "KEYWORD Cone", "EOF"}},
+      {"a(1,2)b", {"KEYWORD a(1,2)b", "EOF"}},
+      {"\fWorld\x01", {"KEYWORD \fWorld\x01", "EOF"}},
+      {"Sphere\xA6\x01", {"KEYWORD Sphere", "KEYWORD ", "EOF"}},
+  });
+}
+
+TEST(LexanribKeywords, BracketsLeaveTheKindAlone) {
+  Scan scan("Sphere [");
+  scan.lex.next();
+  EXPECT_EQ(scan.lex.next(), '[');
+  EXPECT_EQ(scan.lex.thistoke, LEXKEYWORD);
+}
+
+TEST(LexanribStream, EndOfStream) {
+  Scan empty("");
+  EXPECT_EQ(empty.lex.next(), LEXEOF);
+  EXPECT_EQ(empty.lex.next(), LEXEOF);
+  EXPECT_EQ(tokens("  \t\r\n# only a comment"), (Words{"EOF"}));
+  EXPECT_EQ(tokens("##RenderMan RIB\nWorldBegin"), (Words{"KEYWORD WorldBegin", "EOF"}));
+}
+
+TEST(LexanribStream, LinesCountFromWhereTheScanBegan) {
+  Scan scan("WorldBegin\n\n\n# note\nSphere \"a\\\nb\" 3\r\n\"x");
+  lexanrib& lex = scan.lex;
+  EXPECT_EQ(lex.next(), LEXKEYWORD);
+  EXPECT_EQ(lex.lastline, 1);
+  EXPECT_EQ(lex.next(), LEXKEYWORD);  // Sphere, on line 5
+  EXPECT_EQ(lex.lastline, 1);
+  EXPECT_EQ(lex.line, 5);
+  EXPECT_EQ(lex.next(), LEXSTRING);  // the continuation counts
+  EXPECT_EQ(lex.lastline, 5);
+  EXPECT_EQ(lex.line, 6);
+  EXPECT_EQ(lex.next(), LEXINT);
+  EXPECT_EQ(lex.lastline, 6);
+  Reports reports;
+  EXPECT_EQ(lex.next(), LEXSTRING);
+  EXPECT_EQ(lex.lastline, 6);
+  EXPECT_EQ(lex.line, 7);
+  EXPECT_EQ(reports.lines(),
+            (Words{"RIB error: general syntactic error at line 6 'x': Unterminated string"}));
+}
+
+TEST(LexanribStream, CommentWithoutLineFeedCountsALine) {
+  Scan scan("1\n# last");
+  scan.lex.next();
+  EXPECT_EQ(scan.lex.next(), LEXEOF);
+  EXPECT_EQ(scan.lex.line, 3);
+}
+
+TEST(LexanribStream, ReadsAcrossTheSourcesBlocks) {
+  // Tokens longer than a block and tokens cut by the block boundary.
+  std::string input;
+  for (int i = 0; i < 30000; ++i) input += "Word 12 ";
+  input += std::string(100000, 'k');
+  Scan scan(input);
+  for (int i = 0; i < 30000; ++i) {
+    ASSERT_EQ(scan.lex.next(), LEXKEYWORD);
+    ASSERT_EQ(scan.lex.next(), LEXINT);
+    ASSERT_EQ(scan.lex.intvalue, 12);
+  }
+  ASSERT_EQ(scan.lex.next(), LEXKEYWORD);
+  EXPECT_EQ(scan.lex.text.count, 100001u);
+  EXPECT_EQ(scan.lex.next(), LEXEOF);
+}
+
+TEST(LexanribGet, IntegersReadAsFloats) {
+  Scan scan("7 2.5");
+  scan.lex.next();
+  float f = 0;
+  scan.lex.get(f);
+  EXPECT_EQ(f, 7.0f);
+  int32_t i = 0;
+  scan.lex.get(i);
+  scan.lex.get(i);  // may be asked again
+  EXPECT_EQ(i, 7);
+}
+
+TEST(LexanribGetDeathTest, WrongAccessorStopsWithTheCondition) {
+  Scan scan("Sphere 2.5 7");
+  scan.lex.next();
+  int32_t i;
+  float f;
+  String s;
+  EXPECT_DEATH(scan.lex.get(i), "thistoke == LEXINT");
+  EXPECT_DEATH(scan.lex.get(f), "thistoke == LEXFLOAT \\|\\| thistoke == LEXINT");
+  scan.lex.next();
+  EXPECT_DEATH(scan.lex.get(s), "thistoke == LEXSTRING \\|\\| thistoke == LEXKEYWORD");
+}
+
+}  // namespace
