@@ -1,0 +1,111 @@
+// rib2zel: converts a RIB file into a scene file from the command line.
+// Standard error gets every message line in the order it arises, then the
+// status line; the exit status tells the outcome (see helptext()).
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <string>
+
+#include "frontend/cli/options.h"
+#include "frontend/cli/progressline.h"
+#include "frontend/conversion.h"
+
+namespace {
+
+constexpr int kExitSuccess = 0;
+constexpr int kExitMessages = 1;
+constexpr int kExitFailed = 2;
+constexpr int kExitInterrupted = 130;  // 128 + SIGINT, what a shell reports for Ctrl-C
+
+volatile std::sig_atomic_t gInterrupted = 0;
+progressline* gProgress = nullptr;
+
+void onInterrupt(int) {
+  gInterrupted = 1;
+}
+
+// Ctrl-C asks for a stop between two statements. A second Ctrl-C finds the
+// default action back in place and ends the process at once.
+void catchInterrupt() {
+  struct sigaction sa {};
+  sa.sa_handler = onInterrupt;
+  sigemptyset(&sa.sa_mask);
+  // No SA_RESTART: a read from a pipe or terminal that is waiting for data
+  // must come back so that the stop is seen.
+  sa.sa_flags = SA_RESETHAND;
+  sigaction(SIGINT, &sa, nullptr);
+}
+
+void writeError(const std::string& text) {
+  std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+// One message line on standard error, written in one piece so lines never mix.
+void printLine(const char* line) {
+  if (gProgress) gProgress->erase();
+  writeError(std::string(line) + "\n");
+}
+
+int usageError(const std::string& problem) {
+  writeError("rib2zel: " + problem + "\nTry 'rib2zel --help' for more information.\n");
+  return kExitFailed;
+}
+
+int finish(conversion& c, const options& o) {
+  switch (c.state()) {
+    case conversion::phase::cancelled:
+      printLine("Conversion cancelled.");
+      return kExitInterrupted;
+    case conversion::phase::failed:
+      // A write error has already been told by the scene library, in its place among the lines.
+      if (!c.errorShown()) printLine(("rib2zel: " + c.error()).c_str());
+      return kExitFailed;
+    default:
+      if (!o.quiet) printLine(c.statusText());
+      return c.logLines() == 0 ? kExitSuccess : kExitMessages;
+  }
+}
+
+int convert(const options& o) {
+  progressline progress(isatty(STDERR_FILENO) == 1, writeError, progressline::clock::now());
+  gProgress = &progress;
+  conversion::request r;
+  r.input = o.input;
+  r.output = o.output;
+  r.parseOnly = o.parseOnly;
+  r.log = printLine;
+  r.messages = printLine;
+  r.stop = [] { return gInterrupted != 0; };
+  conversion c(std::move(r));
+  if (!c.open()) return finish(c, o);
+  while (c.step()) {
+    if (gInterrupted) {
+      c.cancel();
+      break;
+    }
+    progress.update(c.bytesRead(), c.progress(), progressline::clock::now());
+  }
+  progress.erase();
+  int status = finish(c, o);
+  gProgress = nullptr;
+  return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  options o;
+  std::string problem = parseoptions(argc, argv, o);
+  if (o.help) {
+    std::fputs(helptext(), stdout);
+    return kExitSuccess;
+  }
+  if (o.version) {
+    std::printf("rib2zel %s\n", RIB2ZEL_VERSION);
+    return kExitSuccess;
+  }
+  if (!problem.empty()) return usageError(problem);
+  catchInterrupt();
+  return convert(o);
+}

@@ -1,0 +1,180 @@
+#include "frontend/conversion.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "frontend/gzipbytesource.h"
+#include "interface/error.h"
+#include "interface/scene/zel.h"
+#include "rib/requests/rendrib.h"
+#include "zel/zellib.h"
+
+namespace {
+
+// The first argument of _zelOutputFile that names the scene file itself.
+constexpr uint16_t kSceneFile = 0x0200;
+
+std::string quoted(const std::string& path) {
+  return "\"" + path + "\"";
+}
+
+std::string describeInput(const std::string& path) {
+  return path == "-" ? "standard input" : quoted(path);
+}
+
+void printToStderr(const char* line) {
+  std::fprintf(stderr, "%s\n", line);
+}
+
+}  // namespace
+
+conversion* conversion::open_ = nullptr;
+
+conversion::conversion(request r) : request_(std::move(r)) {}
+
+conversion::~conversion() {
+  if (phase_ == phase::running) cancel();
+  if (open_ == this) open_ = nullptr;
+}
+
+bool conversion::open() {
+  open_ = this;
+  setMessageSink(&conversion::printMessage);
+  zelSetMessageSink(&conversion::printMessage);
+  if (!input_.open(request_.input, request_.stop)) {
+    fail("Unable to open input file " + describeInput(request_.input) + ": " + input_.problem());
+    return false;
+  }
+  if (!openOutput()) return false;
+  makeSource();
+  const char* name = request_.input == "-" ? "stdin" : request_.input.c_str();
+  rib_ = std::make_unique<rendrib>(*source_, name);
+  rib_->errorPrinter(&conversion::printLog);
+  phase_ = phase::running;
+  return true;
+}
+
+bool conversion::openOutput() {
+  if (request_.parseOnly) {
+    zelDiscardOutput();
+    return true;
+  }
+  const std::string& path = request_.output;
+  if (path == "-") {
+    zelOutputToStream(stdout);
+    return true;
+  }
+  if (input_.isSameFile(path)) {
+    fail("The output " + quoted(path) + " is the input file");
+    return false;
+  }
+  // Proves that the file can be written before the library takes it over,
+  // as the desktop program does; this creates or empties it.
+  std::FILE* probe = std::fopen(path.c_str(), "wb");
+  if (!probe) {
+    fail("Unable to open file " + quoted(path) + ": " + std::strerror(errno));
+    return false;
+  }
+  std::fclose(probe);
+  _zelOutputFile(kSceneFile, path.c_str());
+  if (zelWriteFailed()) {
+    error_ = zelWriteError();
+    errorShown_ = true;
+    phase_ = phase::failed;
+    return false;
+  }
+  return true;
+}
+
+// Compressed input is recognised by its first two bytes, the gzip signature.
+void conversion::makeSource() {
+  size_t n = 0;
+  const unsigned char* head = input_.peek(2, n);
+  if (gzipbytesource::recognises(head, n)) {
+    auto gzip = std::make_unique<gzipbytesource>(input_);
+    gzip_ = gzip.get();
+    source_ = std::move(gzip);
+  } else {
+    source_ = std::make_unique<plainbytesource>(input_);
+  }
+}
+
+bool conversion::step() {
+  if (phase_ != phase::running) return false;
+  bool more = rib_->parse1() != 0;
+  if (zelWriteFailed()) {
+    // The library has reported it; nothing more would reach the file.
+    error_ = zelWriteError();
+    errorShown_ = true;
+    end(phase::failed);
+  } else if (!more) {
+    finish();
+  }
+  return phase_ == phase::running;
+}
+
+void conversion::finish() {
+  if (input_.stopped()) {
+    end(phase::cancelled);
+  } else if (source_->failed()) {
+    std::string why = gzip_ && !gzip_->problem().empty() ? gzip_->problem() : input_.problem();
+    error_ = "Unable to read " + describeInput(request_.input) + ": " + why;
+    end(phase::failed);
+  } else {
+    end(phase::finished);
+  }
+}
+
+void conversion::cancel() {
+  if (phase_ == phase::running) end(phase::cancelled);
+}
+
+// The rendrib goes first, as nothing more may be read; then the scene file is
+// brought to its last whole record. A finished conversion closes the file, a
+// cancelled one only flushes it: no closing call goes to the library.
+void conversion::end(phase how) {
+  rib_.reset();
+  phase_ = how;
+  bool written = how == phase::finished ? zelClose() : zelFlush();
+  if (!written && how != phase::failed) {
+    error_ = zelWriteError();
+    errorShown_ = true;
+    if (how == phase::finished) phase_ = phase::failed;
+  }
+}
+
+void conversion::fail(const std::string& message) {
+  error_ = message;
+  phase_ = phase::failed;
+}
+
+uint64_t conversion::bytesRead() const {
+  // A plain source knows the scanner's exact position; a compressed one only
+  // how much of the file the decompressor has taken.
+  if (source_ && !gzip_) return source_->consumed();
+  return input_.consumed();
+}
+
+double conversion::progress() const {
+  if (input_.size() < 0) return -1;
+  if (input_.size() == 0) return phase_ == phase::running ? 0 : 1;
+  double fraction = static_cast<double>(bytesRead()) / static_cast<double>(input_.size());
+  return fraction > 1 ? 1 : fraction;
+}
+
+void conversion::printLog(const char* line) {
+  conversion* c = open_;
+  if (!c) return printToStderr(line);
+  // Lines that follow a read cut short by an interrupt speak of a statement
+  // that was never complete; the conversion is being cancelled.
+  if (c->input_.stopped()) return;
+  ++c->logLines_;
+  if (c->request_.log) c->request_.log(line);
+}
+
+void conversion::printMessage(const char* line) {
+  conversion* c = open_;
+  if (!c || !c->request_.messages) return printToStderr(line);
+  c->request_.messages(line);
+}
