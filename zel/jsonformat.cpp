@@ -11,6 +11,8 @@ void appendFloat(std::string& out, float value) {
     out += "\"nan\"";
   } else if (std::isinf(value)) {
     out += value < 0 ? "\"-inf\"" : "\"inf\"";
+  } else if (value == 0 && std::signbit(value)) {
+    out += "-0.0";  // "-0" would read back as the integer 0 and lose the sign
   } else {
     char buffer[32];
     auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
