@@ -1,0 +1,97 @@
+// Lights and shaders: names become codes, cone angles become degrees, and
+// each value goes with the count of numbers it holds.
+#include <vector>
+
+#include "interface/token.h"
+#include "tests/interface/ri_scene.h"
+
+namespace {
+
+using ShaderCalls = RiSceneTest;
+using Strings = std::vector<std::string>;
+
+TEST_F(ShaderCalls, ConeAnglesGoInDegreesAndStayConvertedForTheCaller) {
+  RtFloat coneangle = 0.5f;
+  RtFloat delta = 0.05f;
+  RtFloat intensity = 0.5f;
+  RtToken tokens[] = {RI_CONEANGLE, RI_CONEDELTAANGLE, RI_INTENSITY};
+  RtPointer values[] = {&coneangle, &delta, &intensity};
+  RtLightHandle light = RiLightSourceV(RI_SPOTLIGHT, 3, tokens, values);
+
+  EXPECT_NE(light, nullptr);
+  EXPECT_NEAR(coneangle, 28.64789f, 1e-5f);
+  EXPECT_NEAR(delta, 2.864789f, 1e-6f);
+  EXPECT_EQ(intensity, 0.5f);
+
+  std::vector<ZelRecord> ops = operations();
+  ASSERT_EQ(ops.size(), 1u);
+  EXPECT_EQ(describe(ops[0]), "LightSourceV 20");
+  ASSERT_EQ(ops[0].params.size(), 3u);
+  EXPECT_EQ(ops[0].params[0].values.items().at(0).asFloat(), coneangle);
+  EXPECT_EQ(ops[0].params[1].values.items().at(0).asFloat(), delta);
+  EXPECT_EQ(ops[0].params[2].values.items().at(0).asFloat(), 0.5f);
+}
+
+TEST_F(ShaderCalls, LightHandleReachesTheSwitch) {
+  RtLightHandle light = RiLightSource(RI_AMBIENTLIGHT, RI_NULL);
+  RiIlluminate(light, 0);
+  std::vector<ZelRecord> ops = operations();
+  ASSERT_EQ(ops.size(), 2u);
+  ASSERT_TRUE(ops[0].handle.has_value());
+  EXPECT_EQ(ops[1].op, "LightSwitch");
+  EXPECT_EQ(ops[1].args.at(0).asInt(), *ops[0].handle);
+  EXPECT_EQ(ops[1].args.at(1).asInt(), 0);
+}
+
+TEST_F(ShaderCalls, SharedShaderCodesAreSentAlike) {
+  RiSurfaceV(RI_PLASTIC, 0, nullptr, nullptr);
+  RiSurfaceV(text("paintedplastic"), 0, nullptr, nullptr);
+  RiSurface(RI_METAL, RI_NULL);
+  RiAtmosphereV(RI_FOG, 0, nullptr, nullptr);
+  EXPECT_EQ(lines(), (Strings{"SurfaceV 11", "SurfaceV 11", "SurfaceV 10", "AtmosphereV 28"}));
+}
+
+TEST_F(ShaderCalls, NewShaderNameIsDeclaredWithTheLibrarysCode) {
+  RiSurfaceV(text("binding_test_wood"), 0, nullptr, nullptr);
+  ZelFile scene = readScene();
+
+  Token* record = find("binding_test_wood");
+  ASSERT_NE(record, nullptr);
+  EXPECT_EQ(record->type, TypeString);
+  EXPECT_EQ(record->tokenClass, ClassUniform);
+  ASSERT_EQ(scene.records.size(), 2u);
+  EXPECT_EQ(describe(scene.records[0]),
+            "Quark \"binding_test_wood\" " + std::to_string(record->code));
+  EXPECT_EQ(describe(scene.records[1]), "SurfaceV " + std::to_string(record->code));
+}
+
+TEST_F(ShaderCalls, ShaderParametersCountOneElementOfTheirSize) {
+  RtFloat ka[] = {0.3f, 99};  // the reader keeps extra numbers; one is read
+  RtColor specular = {0.5f, 0.25f, 1};
+  const char* map = "grid.tx";
+  RtToken tokens[] = {RI_KA, RI_SPECULARCOLOR, RI_TEXTURENAME};
+  RtPointer values[] = {ka, specular, &map};
+  RiSurfaceV(RI_PLASTIC, 3, tokens, values);
+
+  std::vector<ZelRecord> ops = operations();
+  ASSERT_EQ(ops.size(), 1u);
+  ASSERT_EQ(ops[0].params.size(), 3u);
+  const ZelParamRecord& kaParam = ops[0].params[0];
+  EXPECT_EQ(kaParam.name, "Ka");
+  EXPECT_EQ(kaParam.type, TypeFloat);
+  EXPECT_EQ(kaParam.tokenClass, ClassUniform);
+  EXPECT_EQ(kaParam.count, 1);
+  EXPECT_EQ(describe(kaParam.values), "[0.3]");
+  EXPECT_EQ(ops[0].params[1].count, 3);
+  EXPECT_EQ(describe(ops[0].params[1].values), "[0.5,0.25,1]");
+  EXPECT_EQ(ops[0].params[2].count, 1);
+  EXPECT_EQ(describe(ops[0].params[2].values), "[\"grid.tx\"]");
+}
+
+TEST_F(ShaderCalls, InteriorAndExteriorSendNothing) {
+  RiInteriorV(text("water"), 0, nullptr, nullptr);
+  RiExterior(text("fog"), RI_NULL);
+  EXPECT_EQ(lines(), Strings{});
+}
+
+}  // namespace
