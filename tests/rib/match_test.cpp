@@ -1,0 +1,240 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/support/recordingparser.h"
+#include "tests/support/reportcollector.h"
+
+namespace {
+
+using Reader = std::function<int32_t(parserib&)>;
+
+struct MatchCase {
+  const char* name;
+  const char* input;
+  Reader read;
+  int32_t result;
+  const char* report;  // the whole line, or null for none
+  int16_t tokenAfter;
+};
+
+std::ostream& operator<<(std::ostream& os, const MatchCase& c) {
+  return os << c.name;
+}
+
+Reader character(char c) {
+  return [c](parserib& p) { return p.match(c); };
+}
+Reader boolean() {
+  return [](parserib& p) {
+    int16_t b = 5;
+    return p.match(b);
+  };
+}
+Reader integer() {
+  return [](parserib& p) {
+    int32_t v = 0;
+    return p.match(v);
+  };
+}
+Reader real() {
+  return [](parserib& p) {
+    float v = 0;
+    return p.match(v);
+  };
+}
+Reader text() {
+  return [](parserib& p) {
+    String s;
+    return p.match(&s);
+  };
+}
+Reader point() {
+  return [](parserib& p) {
+    float v[3];
+    return p.match(v);
+  };
+}
+Reader matrix() {
+  return [](parserib& p) {
+    float m[4][4];
+    return p.match(m);
+  };
+}
+Reader floats(int32_t n, int16_t bracketed) {
+  return [=](parserib& p) {
+    Array<float> a;
+    return p.match(a, n, bracketed);
+  };
+}
+Reader ints(int32_t n, int16_t bracketed) {
+  return [=](parserib& p) {
+    Array<int32_t> a;
+    return p.match(a, n, bracketed);
+  };
+}
+Reader points(int32_t n, int16_t bracketed) {
+  return [=](parserib& p) {
+    Array<float[3]> a;
+    return p.match(a, n, bracketed);
+  };
+}
+
+const int16_t KW = LEXKEYWORD;
+
+const MatchCase kCases[] = {
+    {"BracketMatches", "[ 1", character('['), 1, nullptr, LEXINT},
+    {"BracketMissing", "5 WorldEnd", character('['), 0,
+     "RIB error: general syntactic error at line 1 '5': Expected character '['", KW},
+    {"BooleanOne", "1 WorldEnd", boolean(), 1, nullptr, KW},
+    {"BooleanTwo", "2 WorldEnd", boolean(), 0,
+     "RIB error: general syntactic error at line 1 '2': Expected Boolean", KW},
+    {"BooleanFloat", "1.0 WorldEnd", boolean(), 0,
+     "RIB error: general syntactic error at line 1 '1.0': Expected Boolean", KW},
+    {"IntegerRefusesFloat", "1.5 WorldEnd", integer(), 0,
+     "RIB error: general syntactic error at line 1 '1.5': Expected integer", KW},
+    {"FloatAcceptsInteger", "7 WorldEnd", real(), 1, nullptr, KW},
+    {"FloatRefusesString", "\"s\" WorldEnd", real(), 0,
+     "RIB error: general syntactic error at line 1 's': Expected float", KW},
+    {"StringRefusesNumber", "5 WorldEnd", text(), 0,
+     "RIB error: general syntactic error at line 1 '5': Expected String", KW},
+    {"StringInBrackets", "[ \"a\" ] WorldEnd", text(), 1, nullptr, KW},
+    {"SecondStringInBrackets", "[ \"a\" \"b\" ] WorldEnd", text(), 0,
+     "RIB error: general syntactic error at line 1 'b': Expected character ']'", KW},
+    {"PointBare", "1 2 3 WorldEnd", point(), 1, nullptr, KW},
+    {"PointBracketed", "[ 1 2 3 ] WorldEnd", point(), 1, nullptr, KW},
+    {"PointShort", "[ 1 2 ] WorldEnd", point(), 0,
+     "RIB error: general syntactic error at line 1 '2': Expected float", KW},
+    {"MatrixNeedsBrackets", "1 2 WorldEnd", matrix(), 0,
+     "RIB error: general syntactic error at line 1 '1': Expected character '['", KW},
+    {"MatrixRefusesInnerBrackets", "[ [ 1 ] ] WorldEnd", matrix(), 0,
+     "RIB error: general syntactic error at line 1 '': Expected float", KW},
+    {"MatrixShort", "[ 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 ] WorldEnd", matrix(), 0,
+     "RIB error: general syntactic error at line 1 '15': Expected float", KW},
+    {"MatrixLong", "[ 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 ] WorldEnd", matrix(), 0,
+     "RIB error: general syntactic error at line 1 '17': Expected character ']'", KW},
+
+    {"FixedCountBare", "1 2 3 4 WorldEnd", floats(4, 0), 4, nullptr, KW},
+    {"FixedCountBracketed", "[ 1 2 3 4 ] WorldEnd", floats(4, 0), 4, nullptr, KW},
+    {"FixedCountTooFewInBrackets", "[ 1 2 3 ] WorldEnd", floats(4, 0), 0,
+     "RIB error: incorrect parameter value at line 1 '3': Expected 4 floats", KW},
+    {"FixedCountTooManyInBrackets", "[ 1 2 3 4 5 ] WorldEnd", floats(4, 0), 0,
+     "RIB error: general syntactic error at line 1 '5': Expected character ']'", KW},
+    {"FixedCountLeavesFifthBareNumber", "1 2 3 4 5 WorldEnd", floats(4, 0), 4, nullptr, LEXINT},
+    {"FixedCountTooFewBare", "1 2 3 WorldEnd", floats(4, 0), 0,
+     "RIB error: incorrect parameter value at line 1 'WorldEnd': Expected 4 floats", KW},
+    {"OpenCountBareSingle", "7 WorldEnd", floats(-1, 0), 1, nullptr, KW},
+    {"OpenCountBracketsRequired", "7 WorldEnd", floats(-1, 1), 0,
+     "RIB error: general syntactic error at line 1 '7': Expected character '['", KW},
+    {"OpenCountEmptyBrackets", "[ ] WorldEnd", floats(-1, 0), 0,
+     "RIB error: incorrect parameter value at line 1 '': Expected at least one float", KW},
+    {"OpenCountOnlyString", "[ \"a\" ] WorldEnd", floats(-1, 0), 0,
+     "RIB error: incorrect parameter value at line 1 'a': Expected at least one float", KW},
+    {"OpenCountNumberThenString", "[ 1 \"a\" ] WorldEnd", floats(-1, 0), 0,
+     "RIB error: invalid array specification at line 1 'a': Array has both numbers and strings",
+     KW},
+    {"BareNumberThenString", "1 \"a\" WorldEnd", floats(2, 0), 0,
+     "RIB error: incorrect parameter value at line 1 'a': Expected 2 floats", KW},
+    {"CountOneInBrackets", "[ 1 ] WorldEnd", floats(1, 0), 1, nullptr, KW},
+    {"CountOneTwoInBrackets", "[ 1 2 ] WorldEnd", floats(1, 0), 0,
+     "RIB error: general syntactic error at line 1 '2': Expected character ']'", KW},
+    {"CountOneStringInBrackets", "[ \"a\" ] WorldEnd", floats(1, 0), 0,
+     "RIB error: general syntactic error at line 1 'a': Expected float", KW},
+    {"CountZeroReadsNothing", "1 WorldEnd", floats(0, 0), 0, nullptr, LEXINT},
+    {"CountZeroEmptyBrackets", "[ ] WorldEnd", floats(0, 0), 0, nullptr, KW},
+    {"CountZeroRefusesString", "[ \"a\" ] WorldEnd", floats(0, 0), 0,
+     "RIB error: invalid array specification at line 1 'a': Array has both numbers and strings",
+     KW},
+
+    {"IntsOpenFloatAmongThem", "[ 1 2.5 ] WorldEnd", ints(-1, 1), 0,
+     "RIB error: general syntactic error at line 1 '2.5': Expected character ']'", KW},
+    {"IntsFixedFloatAmongThem", "[ 1 2.5 ] WorldEnd", ints(3, 1), 0,
+     "RIB error: incorrect parameter value at line 1 '2.5': Expected 3 ints", KW},
+    {"IntsEmpty", "[ ] WorldEnd", ints(-1, 1), 0,
+     "RIB error: incorrect parameter value at line 1 '': Expected at least one int", KW},
+    {"IntsBareSingleRefusesFloat", "2.5 WorldEnd", ints(-1, 0), 0,
+     "RIB error: general syntactic error at line 1 '2.5': Expected integer", KW},
+
+    {"PointsIncomplete", "[ 1 2 3 4 5 ] WorldEnd", points(-1, 1), 0,
+     "RIB error: general syntactic error at line 1 '5': Expected float", KW},
+    {"PointsEmpty", "[ ] WorldEnd", points(-1, 1), 0,
+     "RIB error: incorrect parameter value at line 1 '': Expected at least one point", KW},
+    {"PointsTooFew", "[ 1 2 3 ] WorldEnd", points(2, 1), 0,
+     "RIB error: incorrect parameter value at line 1 '3': Expected 2 points", KW},
+    {"PointsBareSingle", "1 2 3 WorldEnd", points(-1, 0), 1, nullptr, KW},
+    {"PointsTwo", "[ 1 2 3 4 5 6 ] WorldEnd", points(-1, 1), 2, nullptr, KW},
+};
+
+class MatchTable : public ::testing::TestWithParam<MatchCase> {};
+
+TEST_P(MatchTable, ResultReportAndNextToken) {
+  const MatchCase& c = GetParam();
+  ReportCollector reports;
+  RecordingParser p(c.input);
+  EXPECT_EQ(c.read(p.primed()), c.result);
+  if (c.report) {
+    EXPECT_EQ(reports.lines(), std::vector<std::string>{c.report});
+  } else {
+    EXPECT_TRUE(reports.lines().empty()) << reports.lines().front();
+  }
+  EXPECT_EQ(p.token, c.tokenAfter);
+}
+
+INSTANTIATE_TEST_SUITE_P(Match, MatchTable, ::testing::ValuesIn(kCases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(MatchValues, BooleanRefusedLeavesVariableAndToken) {
+  RecordingParser p("2");
+  int16_t b = 7;
+  ReportCollector reports;
+  EXPECT_EQ(p.primed().match(b), 0);
+  EXPECT_EQ(b, 7);
+}
+
+TEST(MatchValues, MatrixIsFilledRowByRow) {
+  RecordingParser p("[ 0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 ]");
+  float m[4][4] = {};
+  ASSERT_EQ(p.primed().match(m), 1);
+  for (int r = 0; r < 4; ++r) {
+    for (int c = 0; c < 4; ++c) EXPECT_EQ(m[r][c], static_cast<float>(4 * r + c));
+  }
+  EXPECT_EQ(p.token, LEXEOF);
+}
+
+TEST(MatchValues, ArraysHoldTheNumbersInStreamOrder) {
+  RecordingParser p("[ 1 -2 3.5 ] [ 4 5 6 ] [ 1 2 3 4 5 6 ]");
+  p.primed();
+  Array<float> f;
+  Array<int32_t> i;
+  Array<float[3]> pts;
+  ASSERT_EQ(p.match(f, -1, 1), 3);
+  EXPECT_EQ(std::vector<float>(f.data, f.data + f.count), (std::vector<float>{1, -2, 3.5f}));
+  ASSERT_EQ(p.match(i, 3, 1), 3);
+  EXPECT_EQ(std::vector<int32_t>(i.data, i.data + i.count), (std::vector<int32_t>{4, 5, 6}));
+  ASSERT_EQ(p.match(pts, -1, 1), 2);
+  EXPECT_EQ(pts.data[1][0], 4);
+  EXPECT_EQ(pts.data[1][2], 6);
+}
+
+TEST(MatchValues, ArrayIsEmptiedEvenWhenTheReadFailsAtOnce) {
+  RecordingParser p("\"x\"");
+  Array<float> a;
+  a.append(1);
+  ReportCollector reports;
+  EXPECT_EQ(p.primed().match(a, -1, 1), 0);
+  EXPECT_EQ(a.count, 0u);
+}
+
+TEST(MatchValues, ManyElementsGrowTheArray) {
+  std::string input = "[";
+  for (int k = 0; k < 1000; ++k) input += " " + std::to_string(k);
+  input += " ]";
+  RecordingParser p(input);
+  Array<int32_t> a;
+  ASSERT_EQ(p.primed().match(a, -1, 1), 1000);
+  EXPECT_EQ(a.data[999], 999);
+}
+
+}  // namespace

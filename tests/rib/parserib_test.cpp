@@ -1,0 +1,248 @@
+#include "rib/parserib.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <string>
+#include <vector>
+
+#include "tests/support/recordingparser.h"
+#include "tests/support/reportcollector.h"
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+std::vector<std::string> allRequestNames() {
+  const char* const* names = RecordingParser::requestNames();
+  return {names, names + parserib::kRequestCount};
+}
+
+TEST(ParserDriver, EmptyStreamEndsAtOnceWithoutReportOrHandler) {
+  ReportCollector reports;
+  RecordingParser p("");
+  EXPECT_EQ(p.parse1(), 0);
+  EXPECT_TRUE(p.ran.empty());
+  EXPECT_TRUE(reports.lines().empty());
+}
+
+TEST(ParserDriver, EveryRequestWordReachesItsOwnHandler) {
+  ReportCollector reports;
+  std::string text;
+  for (const std::string& name : allRequestNames()) text += name + "\n";
+  RecordingParser p(text);
+  p.parseAll();
+  EXPECT_EQ(p.ranNames(), allRequestNames());
+  EXPECT_TRUE(reports.lines().empty());
+}
+
+TEST(ParserDriver, KeywordTableHoldsTheNinetyThreeWordsFindableThroughTheHash) {
+  RecordingParser p("");
+  for (const std::string& name : allRequestNames()) {
+    parserib::keyword_assoc probe{String(name.c_str()), nullptr};
+    const parserib::keyword_assoc* found = p.keywords.find(probe);
+    ASSERT_NE(found, nullptr) << name;
+    EXPECT_NE(found->handler, nullptr) << name;
+  }
+}
+
+TEST(ParserDriver, OneStatementPerCall) {
+  RecordingParser p("WorldBegin Sphere WorldEnd");
+  EXPECT_EQ(p.parse1(), 1);
+  EXPECT_EQ(p.ranNames(), Names{"WorldBegin"});
+  EXPECT_EQ(p.parse1(), 1);
+  EXPECT_EQ(p.parse1(), 0);
+  EXPECT_EQ(p.ranNames(), (Names{"WorldBegin", "Sphere", "WorldEnd"}));
+}
+
+TEST(ParserRecovery, UndefinedRequestIsReportedOnceAndSkipped) {
+  ReportCollector reports;
+  RecordingParser p("ignore 1 2 3 WorldEnd");
+  EXPECT_EQ(p.parse1(), 1);
+  EXPECT_TRUE(p.ran.empty());
+  EXPECT_EQ(reports.lines(), Names{"RIB error: undefined RIB request at line 1 'ignore'"});
+  EXPECT_EQ(p.parse1(), 0);
+  EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
+  EXPECT_EQ(reports.lines().size(), 1u);
+}
+
+TEST(ParserRecovery, StatementNotStartingWithAWordIsReportedOnce) {
+  ReportCollector reports;
+  RecordingParser p("1 2 3 WorldEnd");
+  p.parseAll();
+  EXPECT_EQ(reports.lines(),
+            Names{"RIB error: general syntactic error at line 1 '1': Expected Keyword"});
+  EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
+}
+
+TEST(ParserRecovery, RequestNamesAreCaseSensitive) {
+  ReportCollector reports;
+  RecordingParser p("sphere WORLDEND WorldEnd");
+  p.parseAll();
+  EXPECT_EQ(reports.lines(), Names{"RIB error: undefined RIB request at line 1 'sphere'"});
+  EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
+}
+
+TEST(ParserRecovery, SkipsStringsBracketsAndUndefinedWordsSilently) {
+  ReportCollector reports;
+  RecordingParser p("Bogus \"x\" [ 1 [ ] ] other words 2.5 FrameEnd");
+  p.parseAll();
+  EXPECT_EQ(reports.lines().size(), 1u);
+  EXPECT_EQ(p.ranNames(), Names{"FrameEnd"});
+}
+
+TEST(ParserRecovery, FailedArgumentDropsTheRequestAndTheRestOfItsArguments) {
+  ReportCollector reports;
+  RecordingParser p("Sphere 1 \"two\" 3 \"four\" [ WorldEnd");
+  bool completed = false;
+  p.on("Sphere", [&](RecordingParser& r) {
+    float radius, zmin;
+    if (!r.match(radius) || !r.match(zmin)) return;
+    completed = true;
+  });
+  p.parseAll();
+  EXPECT_FALSE(completed);
+  EXPECT_EQ(reports.lines(),
+            Names{"RIB error: general syntactic error at line 1 'two': Expected float"});
+  EXPECT_EQ(p.ranNames(), (Names{"Sphere", "WorldEnd"}));
+}
+
+TEST(ParserRecovery, KnownRequestInsideAnArrayStopsRecovery) {
+  ReportCollector reports;
+  RecordingParser p("Bogus [ 1 Sphere 2 ]");
+  p.parseAll();
+  // Sphere is run; the 2 and the bracket behind it are then a bad statement.
+  EXPECT_EQ(p.ranNames(), Names{"Sphere"});
+  EXPECT_EQ(reports.lines(),
+            (Names{"RIB error: undefined RIB request at line 1 'Bogus'",
+                   "RIB error: general syntactic error at line 1 '2': Expected Keyword"}));
+}
+
+TEST(ParserRecovery, MissingArgumentAtEndOfStreamEndsTheConversion) {
+  ReportCollector reports;
+  RecordingParser p("Sphere");
+  p.on("Sphere", [](RecordingParser& r) {
+    float radius;
+    r.match(radius);
+  });
+  EXPECT_EQ(p.parse1(), 0);
+  EXPECT_EQ(reports.lines(),
+            Names{"RIB error: general syntactic error at line 1 'Sphere': Expected float"});
+}
+
+TEST(ParserRecovery, ScannerErrorInTheFirstTokenIsReportedAndSkipped) {
+  ReportCollector reports;
+  RecordingParser p("1.5x WorldEnd");
+  EXPECT_EQ(p.parse1(), 1);
+  EXPECT_TRUE(p.ran.empty());
+  EXPECT_EQ(reports.lines(),
+            Names{"RIB error: general syntactic error at line 1 '1.5x': Invalid number"});
+  EXPECT_EQ(p.parse1(), 0);
+  EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
+}
+
+TEST(ParserRecovery, ScannerErrorsDuringRecoveryAreEachReportedAndSkipped) {
+  ReportCollector reports;
+  // The 5. fails as the look-ahead behind WorldEnd; the 1e fails while the
+  // recovery after that report skips on.
+  RecordingParser p("WorldEnd 5. 1e\n\"open\nWorldBegin");
+  p.parseAll();
+  EXPECT_EQ(reports.lines(),
+            (Names{"RIB error: general syntactic error at line 1 '5.': Invalid number",
+                   "RIB error: general syntactic error at line 1 '1e': Invalid number",
+                   "RIB error: general syntactic error at line 1 'open': String runs past end "
+                   "of line"}));
+  EXPECT_EQ(p.ranNames(), Names{"WorldBegin"});
+}
+
+TEST(ParserRecovery, ExceptionOfCodeZeroOnlyResynchronises) {
+  ReportCollector reports;
+  RecordingParser p("Sphere 1 2 3 WorldEnd");
+  p.on("Sphere", [](RecordingParser&) { throw lexanrib::exception(0, 0, nullptr); });
+  p.parseAll();
+  EXPECT_TRUE(reports.lines().empty());
+  EXPECT_EQ(p.ranNames(), (Names{"Sphere", "WorldEnd"}));
+}
+
+TEST(ParserRecovery, ExceptionFromAHandlerIsReportedWithItsCodeAndSeverity) {
+  ReportCollector reports;
+  RecordingParser p("Sphere 1 2 3 WorldEnd");
+  p.on("Sphere", [](RecordingParser&) { throw lexanrib::exception(12, 1, "limit %d", 7); });
+  p.parseAll();
+  EXPECT_EQ(reports.lines(),
+            Names{"RIB warning: overflowing an internal limit at line 1 '1': limit 7"});
+  EXPECT_EQ(p.ranNames(), (Names{"Sphere", "WorldEnd"}));
+}
+
+TEST(ParserDriver, WholeStreamParseIsWrappedInBeginAndEnd) {
+  RecordingParser p("WorldBegin bogus WorldEnd");
+  ReportCollector reports;
+  p.parse();
+  EXPECT_EQ(p.ranNames(), (Names{"Begin", "WorldBegin", "WorldEnd", "End"}));
+  EXPECT_EQ(reports.lines().size(), 1u);
+}
+
+TEST(ParserDriver, StepwiseParseRunsBeginAndEndOnlyFromTheStream) {
+  ReportCollector reports;
+  RecordingParser p("version 3.03 End");
+  p.on("version", [](RecordingParser& r) {
+    float v;
+    r.match(v);
+  });
+  p.parseAll();
+  EXPECT_TRUE(reports.lines().empty());
+  EXPECT_EQ(p.ranNames(), (Names{"version", "End"}));
+}
+
+void sentinelHandler() {}
+
+TEST(ParserDriver, FailureHandlerIsInForceOnlyDuringACall) {
+  RecordingParser p("WorldBegin");
+  std::new_handler during = nullptr;
+  p.on("WorldBegin", [&](RecordingParser&) { during = std::get_new_handler(); });
+  std::new_handler before = std::set_new_handler(sentinelHandler);
+  p.parse1();
+  std::new_handler after = std::set_new_handler(before);
+  EXPECT_EQ(during, &parserib::outOfMemory);
+  EXPECT_EQ(after, &sentinelHandler);
+}
+
+TEST(ParserDriver, OutOfMemoryRaisesCode13) {
+  try {
+    parserib::outOfMemory();
+    FAIL() << "no exception";
+  } catch (const RIBException& e) {
+    EXPECT_EQ(e.code, 13);
+    EXPECT_EQ(e.severity, 3);
+    EXPECT_STREQ(static_cast<const char*>(e.message), "Free store exhausted");
+  }
+}
+
+TEST(ParserDriver, ErrorPrinterIsClassWideAndOutlivesTheParser) {
+  void (*saved)(const char*) = lexanrib::RIBErrorPrinter;
+  static std::vector<std::string> seen;
+  auto printer = [](const char* line) { seen.emplace_back(line); };
+  {
+    RecordingParser p("");
+    p.errorPrinter(printer);
+  }
+  RecordingParser other("Bogus");
+  other.parseAll();
+  lexanrib::RIBErrorPrinter = saved;
+  EXPECT_EQ(seen, Names{"RIB error: undefined RIB request at line 1 'Bogus'"});
+}
+
+TEST(ParserDriver, StartValuesOfTheMembers) {
+  RecordingParser p("WorldEnd");
+  EXPECT_EQ(p.colorsamples, 3);
+  EXPECT_EQ(p.ustep, 3);
+  EXPECT_EQ(p.vstep, 3);
+  EXPECT_EQ(p.token, LEXNONE);
+  EXPECT_EQ(p.lastlight, 0);
+  EXPECT_EQ(p.lastobject, 0);
+  EXPECT_EQ(p.keywords.size, 111);
+  EXPECT_EQ(p.lights.size, 111);
+  EXPECT_EQ(p.objects.size, 111);
+}
+
+}  // namespace
