@@ -1,0 +1,149 @@
+// Frame, camera and output options: what the scene library gets, and the
+// reports for what it cannot express.
+#include <vector>
+
+#include "tests/interface/ri_scene.h"
+
+namespace {
+
+using OptionCalls = RiSceneTest;
+using Strings = std::vector<std::string>;
+
+TEST_F(OptionCalls, PerspectiveTakesTheLastFov) {
+  RtFloat wide = 30;
+  RtFloat narrow = 45;
+  RtToken tokens[] = {RI_FOV, RI_FOV};
+  RtPointer values[] = {&wide, &narrow};
+  RiProjectionV(RI_PERSPECTIVE, 2, tokens, values);
+  RiProjection(text("perspective"), RI_NULL);
+  EXPECT_EQ(lines(), (Strings{"ViewPerspective 45", "ViewPerspective 90"}));
+  EXPECT_EQ(messages(), Strings{});
+}
+
+TEST_F(OptionCalls, FovWithoutPerspectiveIsReportedAfterTheProjection) {
+  RtFloat fov = 40;
+  RiProjection(RI_ORTHOGRAPHIC, RI_FOV, &fov, RI_NULL);
+  RtToken tokens[] = {RI_FOV};
+  RtPointer values[] = {&fov};
+  RiProjectionV(nullptr, 1, tokens, values);
+  EXPECT_EQ(lines(), (Strings{"ViewOrthographic", "ViewIdentity"}));
+  EXPECT_EQ(
+      messages(),
+      (Strings{"error: Parameters inconsistent. RiProjection: only perspective projection has fov",
+               "error: Parameters inconsistent. RiProjectionV: only perspective projection has "
+               "fov"}));
+}
+
+TEST_F(OptionCalls, OtherProjectionsGoOrthographic) {
+  RiProjectionV(RI_RGB, 0, nullptr, nullptr);
+  RiProjectionV(text("binding_test_fisheye"), 0, nullptr, nullptr);
+  EXPECT_EQ(lines(), (Strings{"ViewOrthographic", "ViewOrthographic"}));
+  // A name without a record goes orthographic silently.
+  EXPECT_EQ(messages(), Strings{"error: Parameter out of range. RiProjectionV: unknown projection "
+                                "type \"rgb\", using orthographic"});
+}
+
+TEST_F(OptionCalls, ViewportFollowsFormatAndDisplayOrigin) {
+  RtInt zero[] = {0, 0};
+  RtToken origin[] = {RI_ORIGIN};
+  RtPointer atZero[] = {zero};
+  RiDisplayV(text("fb"), RI_FRAMEBUFFER, RI_RGB, 1, origin, atZero);
+  RiFormat(640, 480, 1);
+  RtInt corner[] = {10, 20};
+  RtPointer atCorner[] = {corner};
+  RiDisplayV(text("fb"), RI_FRAMEBUFFER, RI_RGBA, 1, origin, atCorner);
+  RiFormat(100, 50, 2);
+
+  Strings all = lines();
+  ASSERT_EQ(all.size(), 10u);
+  EXPECT_EQ(Strings(all.begin() + 5, all.end()),
+            (Strings{"OutputDisplay \"fb\"", "OutputSamples 771", "RasterViewport 10 649 20 499",
+                     "RasterViewport 10 109 20 69", "RasterAspect 2"}));
+}
+
+TEST_F(OptionCalls, UndeclaredDisplayModeStopsAfterTheOutput) {
+  RiDisplayV(text("image.tif"), RI_FILE, text("binding_test_mode"), 0, nullptr, nullptr);
+  EXPECT_EQ(lines(), Strings{"OutputFile 513 \"image.tif\""});
+  EXPECT_EQ(messages(), Strings{"error: Invalid token for request. RiDisplayV: undeclared token "
+                                "\"binding_test_mode\""});
+}
+
+TEST_F(OptionCalls, DisplayTypeAndModeMustBeOfTheirKind) {
+  RiDisplayV(text("a.tif"), RI_RGB, RI_RGB, 0, nullptr, nullptr);
+  RiDisplay(text("b.tif"), RI_FILE, RI_PERSPECTIVE, RI_NULL);
+  RiDisplayV(text("c.tif"), RI_FILE, RI_RGBAZ, 0, nullptr, nullptr);
+  EXPECT_EQ(lines(),
+            (Strings{"OutputFile 513 \"b.tif\"", "OutputFile 513 \"c.tif\"", "OutputSamples 775"}));
+  EXPECT_EQ(messages(),
+            (Strings{"error: Parameter out of range. RiDisplayV: unknown display type \"rgb\"",
+                     "error: Parameter out of range. RiDisplay: b.tif: unknown display mode "
+                     "\"perspective\""}));
+}
+
+TEST_F(OptionCalls, HiderNumberAndJitter) {
+  RtInt on = 1;
+  RtInt off = 0;
+  RtToken jitter[] = {RI_JITTER};
+  RtPointer jitterOn[] = {&on};
+  RtPointer jitterOff[] = {&off};
+  RiHiderV(nullptr, 0, nullptr, nullptr);
+  RiHiderV(RI_PAINT, 1, jitter, jitterOn);
+  RiHider(RI_HIDDEN, RI_JITTER, &off, RI_NULL);
+  RiHiderV(text("binding_test_zbuffer"), 1, jitter, jitterOff);
+  EXPECT_EQ(lines(), (Strings{"Hider 0", "Hider 1025", "SampleJitter 0.5", "Hider 1024",
+                              "SampleJitter 0", "Hider 1024", "SampleJitter 0"}));
+  EXPECT_EQ(messages(), Strings{"error: Parameter out of range. RiHiderV: unknown hider type "
+                                "\"binding_test_zbuffer\", using hidden"});
+}
+
+TEST_F(OptionCalls, LimitsTuneWithTheLastSizes) {
+  RtInt grid = 16;
+  RtInt buckets[] = {8, 4};
+  RtInt finer = 24;
+  RtToken both[] = {RI_GRIDSIZE, RI_BUCKETSIZE};
+  RtPointer bothValues[] = {&grid, buckets};
+  RiOptionV(RI_LIMITS, 2, both, bothValues);
+  RiOption(RI_LIMITS, RI_GRIDSIZE, &finer, RI_NULL);
+  RiOptionV(RI_LIMITS, 0, nullptr, nullptr);
+  RiOptionV(RI_JITTER, 2, both, bothValues);
+  RiOptionV(text("binding_test_searchpath"), 0, nullptr, nullptr);
+  EXPECT_EQ(lines(), (Strings{"Tune 16 8 4", "Tune 24 8 4", "Tune 24 8 4"}));
+  EXPECT_EQ(messages(), Strings{});
+}
+
+TEST_F(OptionCalls, QuantizeKnowsColourAndDepth) {
+  RiQuantize(RI_RGBA, 255, 0, 255, 0.5f);
+  RiQuantize(RI_Z, 1024, 0, 2048, 0);
+  RiQuantize(RI_RGB, 255, 0, 255, 0.5f);
+  RiQuantize(text("binding_test_q"), 255, 0, 255, 0.5f);
+  EXPECT_EQ(lines(), (Strings{"ColorQuantize 255 0 255", "ColorJitter 0.5",
+                              "DepthQuantize 1024 0 2048", "DepthJitter 0"}));
+  // The name is set only once the type has a record.
+  EXPECT_EQ(messages(),
+            (Strings{"error: Parameter out of range. RiQuantize: unknown quantization type \"rgb\"",
+                     "error: Invalid token for request. undeclared token \"binding_test_q\""}));
+}
+
+TEST_F(OptionCalls, PlainOptionsAreForwardedUnchanged) {
+  RtFloat nRGB[] = {1, 0, 0, 0, 1, 0};
+  RtFloat RGBn[] = {1, 0, 0, 1, 0, 0};
+  RiFrameBegin(7);
+  RiFrameAspectRatio(1.5f);
+  RiScreenWindow(-1, 1, -0.75f, 0.75f);
+  RiCropWindow(0, 0.5f, 0.25f, 1);
+  RiClipping(0.1f, 1000);
+  RiPixelVariance(0.01f);
+  RiPixelSamples(2, 3);
+  RiExposure(1.5f, 2.2f);
+  RiColorSamples(2, nRGB, RGBn);
+  RiWorldBegin();
+  RiWorldEnd();
+  RiFrameEnd();
+  EXPECT_EQ(lines(), (Strings{"FrameBegin", "ImageAspect 1.5", "ImageWindow -1 1 -0.75 0.75",
+                              "ImageCrop 0 0.5 0.25 1", "Clip 0.1 1000", "SampleAdaptive 0.01",
+                              "SampleUniform 2 3", "ColorGain 1.5", "ColorGamma 2.2",
+                              "ColorSpace 2 [1,0,0,0,1,0] [1,0,0,1,0,0]", "SceneBegin", "SceneEnd",
+                              "FrameEnd"}));
+}
+
+}  // namespace
