@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <vector>
 
 #include "zel/library.h"
 
@@ -57,10 +56,7 @@ void report(int32_t code, int32_t severity, const std::string& text) {
   if (gMode == Mode::Ignore) return;
   std::string line = std::string("ZEL ") + severityLabel(severity) + ": " + text;
   if (gMode == Mode::Custom && gCustom != nullptr) {
-    // The handler takes a char*; give it a copy it may scribble on.
-    std::vector<char> message(line.begin(), line.end());
-    message.push_back('\0');
-    gCustom(code, severity, message.data());
+    gCustom(code, severity, line.c_str());
     return;
   }
   notify(line);

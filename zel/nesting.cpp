@@ -39,6 +39,10 @@ const char* endName(Block block) {
   return "";
 }
 
+std::string withArticle(const char* name) {
+  return (name[0] == 'A' || name[0] == 'O' ? "an " : "a ") + std::string(name);
+}
+
 // Handles grow by one per light or object; at the top they stay there rather
 // than wrap to a value that is not positive.
 int32_t nextHandle(int32_t& last) {
@@ -94,7 +98,8 @@ std::string Nesting::end(Block block) {
   if (!isOpen(block)) return std::string(endName(block)) + " with no " + beginName(block) + " open";
   std::string fault;
   if (stack_.back() != block)
-    fault = std::string(endName(block)) + " while a " + beginName(stack_.back()) + " is open";
+    fault = std::string(endName(block)) + " while " + withArticle(beginName(stack_.back())) +
+            " is open";
   // Each level is popped once, so the search costs no more than the pushes.
   while (stack_.back() != block) pop();
   pop();

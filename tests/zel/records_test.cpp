@@ -144,6 +144,10 @@ const Case kCases[] = {
      R"({"op":"ErrorHandler","args":[2831,3072]})"},
 };
 
+void PrintTo(const Case& call, std::ostream* out) {
+  *out << call.name;
+}
+
 class RecordLine : public ZelTest, public ::testing::WithParamInterface<Case> {};
 
 TEST_P(RecordLine, IsWrittenExactly) {

@@ -70,7 +70,9 @@ TEST_F(ZelTest, TextKeepsEveryByte) {
   std::vector<std::string> lines = recordLines();
   for (const std::string& line : lines)
     for (unsigned char c : line) ASSERT_LT(c, 0x80) << line;
-  EXPECT_NE(lines[0].find("~\x7F" R"(\u0080\u0081)"), std::string::npos);
+  EXPECT_NE(lines[0].find("~\x7F"
+                          R"(\u0080\u0081)"),
+            std::string::npos);
   EXPECT_NE(lines[0].find(R"(\u00FE\u00FF")"), std::string::npos);
 
   std::vector<ZelRecord> read = records();
