@@ -1,0 +1,145 @@
+// Golden scenes: every example converts to its checked-in ZEL file, and all of
+// its encodings give the same records. RZ_UPDATE_GOLDEN=1 rewrites the golden
+// files instead of comparing (see tests/golden/README.md).
+#include <gtest/gtest.h>
+#include <unistd.h>
+#include <zlib.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "tests/golden/runprogram.h"
+#include "tests/golden/samerecords.h"
+
+namespace golden {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kSource = RZ_SOURCE_DIR_PATH;
+
+std::vector<std::string> sceneNames() {
+  std::vector<std::string> names;
+  std::ifstream list(kSource + "/tests/golden/scenes.txt");
+  for (std::string line; std::getline(list, line);) {
+    if (!line.empty() && line[0] != '#') names.push_back(line);
+  }
+  return names;
+}
+
+std::string example(const std::string& scene, const char* suffix) {
+  return kSource + "/examples/" + scene + suffix;
+}
+
+std::string goldenFile(const std::string& scene) {
+  return kSource + "/tests/golden/" + scene + ".zel";
+}
+
+bool updating() {
+  const char* v = std::getenv("RZ_UPDATE_GOLDEN");
+  return v != nullptr && std::string(v) == "1";
+}
+
+std::string gunzip(const std::string& path) {
+  std::string text;
+  gzFile in = gzopen(path.c_str(), "rb");
+  if (in == nullptr) return text;
+  char buffer[1 << 14];
+  int n;
+  while ((n = gzread(in, buffer, sizeof buffer)) > 0) text.append(buffer, n);
+  gzclose(in);
+  return text;
+}
+
+class Golden : public testing::TestWithParam<std::string> {
+ protected:
+  void SetUp() override {
+    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+    std::string name = info->name();  // "Test/scene"
+    std::replace(name.begin(), name.end(), '/', '_');
+    dir_ = (fs::temp_directory_path() / ("rz-golden-" + std::to_string(getpid()) + "-" + name))
+               .string();
+    fs::create_directories(dir_);
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+
+  std::string scene() const { return GetParam(); }
+  std::string temp(const std::string& name) const { return dir_ + "/" + name; }
+
+  // Converts `input` (read through standard input when `viaStdin`) into a ZEL
+  // file in the test's directory, expecting a clean conversion: exit status 0
+  // and "Success." as the only message.
+  std::string convert(const std::string& input, bool viaStdin = false) {
+    std::string zel = temp("out.zel");
+    ProgramRun run;
+    run.argv = {RZ_RIB2ZEL, viaStdin ? "-" : input, zel};
+    if (viaStdin) run.stdinPath = input;
+    run.stderrPath = temp("messages.txt");
+    int status = runProgram(run);
+    std::string messages = readFile(run.stderrPath);
+    EXPECT_EQ(status, 0) << input << ":\n" << messages;
+    EXPECT_EQ(messages, "Success.\n") << input;
+    return zel;
+  }
+
+  std::string encode(const std::string& form) {
+    std::string ribb = temp(form + ".ribb");
+    ProgramRun run{{RZ_RIB2BIN, "--define-as", form, example(scene(), ".rib"), ribb}, "", "", ""};
+    EXPECT_EQ(runProgram(run), 0) << "rib2bin --define-as " << form;
+    return ribb;
+  }
+
+ private:
+  std::string dir_;
+};
+
+TEST_P(Golden, AsciiMatchesGoldenFile) {
+  std::string zel = convert(example(scene(), ".rib"));
+  if (updating()) {
+    if (HasFailure()) return;  // never accept a conversion that printed messages
+    fs::copy_file(zel, goldenFile(scene()), fs::copy_options::overwrite_existing);
+    std::printf("rewrote %s\n", goldenFile(scene()).c_str());
+    return;
+  }
+  ASSERT_TRUE(fileExists(goldenFile(scene())))
+      << goldenFile(scene()) << " is missing; see tests/golden/README.md";
+  EXPECT_TRUE(sameRecords(zel, goldenFile(scene())));
+}
+
+TEST_P(Golden, BinaryFormGivesTheSameRecords) {
+  EXPECT_TRUE(sameRecords(convert(example(scene(), ".ribb")), goldenFile(scene())));
+}
+
+TEST_P(Golden, CompressedFileGivesTheSameRecords) {
+  EXPECT_TRUE(sameRecords(convert(example(scene(), ".rib.gz")), goldenFile(scene())));
+}
+
+TEST_P(Golden, CompressedStandardInputGivesTheSameRecords) {
+  EXPECT_TRUE(sameRecords(convert(example(scene(), ".rib.gz"), true), goldenFile(scene())));
+}
+
+// The name after a request definition (0xCC) may be a bare word, a quoted
+// string or an encoded string; the stored binary form uses the last.
+TEST_P(Golden, EveryRequestDefinitionFormGivesTheSameRecords) {
+  for (const char* form : {"bare", "quoted", "encoded"}) {
+    SCOPED_TRACE(form);
+    EXPECT_TRUE(sameRecords(convert(encode(form)), goldenFile(scene())));
+  }
+}
+
+TEST_P(Golden, StoredFormsAreUpToDate) {
+  std::string ascii = readFile(example(scene(), ".rib"));
+  EXPECT_EQ(readFile(encode("encoded")), readFile(example(scene(), ".ribb")))
+      << "run tools/make-examples.sh " << scene();
+  EXPECT_EQ(gunzip(example(scene(), ".rib.gz")), ascii) << "run tools/make-examples.sh " << scene();
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenes, Golden, testing::ValuesIn(sceneNames()),
+                         [](const auto& info) { return info.param; });
+
+}  // namespace
+}  // namespace golden
