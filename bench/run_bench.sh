@@ -1,0 +1,146 @@
+#!/usr/bin/env bash
+# Throughput benchmark of rib2zel: generates the workload scene (ASCII RIB) and
+# its binary twin, converts each a few times end to end and in parse-only mode,
+# and prints the median wall time, MB/s, requests per second and peak resident
+# memory of each. See bench/README.md.
+set -euo pipefail
+
+usage() {
+  cat <<'TEXT'
+Usage: bench/run_bench.sh [--size-mb N] [--runs N] [--build DIR] [--work DIR] [--keep]
+  --size-mb N  size of the generated ASCII workload in MB (default 200)
+  --runs N     timed runs per case; the median is shown (default 3)
+  --build DIR  build directory holding rib2zel and rib2bin (default build/);
+               the two targets are built there first
+  --work DIR   where the workload and the scene files go (default DIR/bench)
+  --keep       keep the scene files written by the last runs
+TEXT
+}
+
+repo=$(cd "$(dirname "$0")/.." && pwd)
+size=200
+runs=3
+build=$repo/build
+work=""
+keep=0
+while [ $# -gt 0 ]; do
+  case "$1" in
+    --size-mb) size=$2; shift 2 ;;
+    --runs) runs=$2; shift 2 ;;
+    --build) build=$2; shift 2 ;;
+    --work) work=$2; shift 2 ;;
+    --keep) keep=1; shift ;;
+    -h|--help) usage; exit 0 ;;
+    *) echo "run_bench: unknown argument '$1'" >&2; usage >&2; exit 2 ;;
+  esac
+done
+work=${work:-$build/bench}
+generator=$repo/../shared/bench/gen_big_rib.py
+if [ ! -f "$generator" ]; then
+  echo "run_bench: the workload generator $generator is missing" >&2
+  exit 2
+fi
+if [ ! -x /usr/bin/time ]; then
+  echo "run_bench: /usr/bin/time is missing (Debian package 'time')" >&2
+  exit 2
+fi
+
+# --- build -------------------------------------------------------------------
+if [ ! -f "$build/CMakeCache.txt" ]; then
+  cmake -S "$repo" -B "$build" -DCMAKE_BUILD_TYPE=Release -DRZ_GUI=OFF -DRZ_TESTS=OFF >/dev/null
+fi
+if ! cmake --build "$build" --target rib2zel rib2bin -j"$(nproc)" >"$build/bench-build.log" 2>&1; then
+  tail -n 30 "$build/bench-build.log" >&2
+  echo "run_bench: building rib2zel and rib2bin failed" >&2
+  exit 2
+fi
+find_program() {
+  find "$build" -maxdepth 3 -type f -name "$1" -perm -u+x | head -n 1
+}
+rib2zel=$(find_program rib2zel)
+rib2bin=$(find_program rib2bin)
+if [ -z "$rib2zel" ] || [ -z "$rib2bin" ]; then
+  echo "run_bench: rib2zel or rib2bin was not built in $build" >&2
+  exit 2
+fi
+
+# --- workload ----------------------------------------------------------------
+mkdir -p "$work"
+ascii=$work/workload-${size}mb.rib
+binary=$work/workload-${size}mb.ribb
+stats=$work/workload-${size}mb.stats
+if [ ! -s "$ascii" ]; then
+  echo "Generating $ascii ..."
+  python3 "$generator" "$ascii" --size-mb "$size" --seed 1
+  rm -f "$binary" "$stats"
+fi
+if [ ! -s "$binary" ] || [ ! -s "$stats" ] || [ "$rib2bin" -nt "$binary" ]; then
+  "$rib2bin" --stats "$ascii" "$binary" 2>"$stats"
+fi
+requests=$(awk '{ print $3 }' "$stats")
+
+# --- measuring -----------------------------------------------------------------
+failed=0
+# Times one command: sets `seconds` (wall) and `rss_kb` (peak resident set).
+time_once() {
+  local start end status=0
+  start=$(date +%s%N)
+  /usr/bin/time -f '%M' -o "$work/rss.txt" "$@" >/dev/null 2>"$work/stderr.txt" || status=$?
+  if [ "$status" -ne 0 ]; then
+    echo "run_bench: '$*' exited with status $status:" >&2
+    head -n 5 "$work/stderr.txt" >&2
+    failed=1
+  fi
+  end=$(date +%s%N)
+  seconds=$(awk -v a="$start" -v b="$end" 'BEGIN { printf "%.4f", (b - a) / 1e9 }')
+  rss_kb=$(tail -n 1 "$work/rss.txt")
+}
+
+median() { sort -g | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
+
+printf '%-22s %10s %10s %10s %12s %10s\n' "case" "MB" "median s" "MB/s" "requests/s" "peak MB"
+report() {  # label, input file, times file, largest rss in KB
+  local mb med
+  mb=$(awk -v b="$(stat -c %s "$2")" 'BEGIN { printf "%.1f", b / 1e6 }')
+  med=$(median <"$3")
+  awk -v l="$1" -v mb="$mb" -v s="$med" -v r="$requests" -v k="$4" 'BEGIN {
+    rps = l ~ /^cat/ ? "-" : sprintf("%.0f", r / s)  # cat reads no requests
+    printf "%-22s %10.1f %10.3f %10.1f %12s %10.1f\n", l, mb, s, mb / s, rps, k / 1024 }'
+}
+
+run_case() {  # label, input, command...
+  local label=$1 input=$2
+  shift 2
+  local times=$work/times.txt peak=0
+  : >"$times"
+  for _ in $(seq "$runs"); do
+    time_once "$@"
+    echo "$seconds" >>"$times"
+    if [ "$rss_kb" -gt "$peak" ]; then peak=$rss_kb; fi
+  done
+  report "$label" "$input" "$times" "$peak"
+}
+
+# `cat` first: it also brings both files into the page cache.
+run_case "cat ASCII" "$ascii" cat "$ascii"
+run_case "cat binary" "$binary" cat "$binary"
+run_case "rib2zel ASCII" "$ascii" "$rib2zel" -q "$ascii" "$work/ascii.zel"
+run_case "rib2zel binary" "$binary" "$rib2zel" -q "$binary" "$work/binary.zel"
+if "$rib2zel" --help 2>/dev/null | grep -q -- '--parse-only'; then
+  run_case "parse-only ASCII" "$ascii" "$rib2zel" -q --parse-only "$ascii"
+  run_case "parse-only binary" "$binary" "$rib2zel" -q --parse-only "$binary"
+else
+  echo "parse-only: skipped (this rib2zel has no --parse-only)"
+fi
+echo "requests: $requests; ZEL written: $(stat -c %s "$work/ascii.zel") bytes"
+
+# Both encodings describe the same scene, so they must give the same file.
+if ! cmp -s "$work/ascii.zel" "$work/binary.zel"; then
+  echo "run_bench: the ASCII and the binary workload gave different scene files" >&2
+  failed=1
+fi
+if [ "$keep" -eq 0 ]; then
+  rm -f "$work/ascii.zel" "$work/binary.zel"
+fi
+rm -f "$work/rss.txt" "$work/stderr.txt" "$work/times.txt"
+exit "$failed"
