@@ -1,0 +1,135 @@
+// The file holds whole lines at every point; write failures are told once
+// and stay visible; the other destinations.
+#include "tests/zel/zelfixture.h"
+
+namespace {
+
+void someOperations(int count) {
+  for (int i = 0; i < count; ++i) {
+    _zelAttributePush();
+    _zelTranslate(static_cast<float>(i), 0.5f, -1e-7f);
+    _zelSphereV(1, -1, 1, 360, 0, nullptr, nullptr);
+    _zelAttributePop();
+  }
+}
+
+// Whether the file, as it is on disk now, ends on a line end.
+bool endsOnALine(const std::string& path, size_t size) {
+  if (size == 0) return true;
+  std::ifstream in(path, std::ios::binary);
+  in.seekg(static_cast<std::streamoff>(size - 1));
+  return in.get() == '\n';
+}
+
+TEST_F(ZelTest, FileEndsOnAWholeLineWheneverTheBufferIsHandedOn) {
+  size_t drains = 0;
+  size_t size = 0;
+  for (int round = 0; round < 200; ++round) {
+    someOperations(50);
+    size_t now = std::filesystem::file_size(path_);
+    ASSERT_TRUE(endsOnALine(path_, now)) << "after round " << round;
+    if (now != size) ++drains;
+    size = now;
+  }
+  EXPECT_GT(drains, 5u) << "the bounded buffer should have been handed on along the way";
+}
+
+TEST_F(ZelTest, FlushMidWayLeavesEveryOperationSoFarOnDisk) {
+  someOperations(1000);
+  _zelFrameBegin();  // left open, as a cancelled conversion leaves it
+  ASSERT_TRUE(zelFlush());
+  std::vector<ZelRecord> read = readZelFile(path_).records;
+  ASSERT_EQ(read.size(), 4001u);
+  EXPECT_EQ(read.back().op, "FrameBegin");
+  someOperations(1);
+  ASSERT_TRUE(zelClose());
+  EXPECT_EQ(readZelFile(path_).records.size(), 4005u);
+}
+
+TEST_F(ZelTest, WriteFailureIsToldOnceAndStays) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  _zelOutputFile(0x0200, "/dev/full");
+  EXPECT_FALSE(zelWriteFailed()) << "opening succeeds; the space runs out on writing";
+  someOperations(2000);
+  const std::string expected =
+      "ZEL severe error: cannot write the scene file \"/dev/full\": No space left on device";
+  EXPECT_TRUE(zelWriteFailed());
+  EXPECT_EQ(zelWriteError(), expected);
+  someOperations(2000);
+  EXPECT_FALSE(zelFlush());
+  EXPECT_FALSE(zelClose());
+  EXPECT_EQ(gReportLines, std::vector<std::string>{expected});
+  EXPECT_TRUE(zelWriteFailed()) << "still visible after the close";
+}
+
+TEST_F(ZelTest, SmallWriteFailureShowsAtFlush) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  _zelOutputFile(0x0200, "/dev/full");
+  _zelFrameBegin();
+  EXPECT_FALSE(zelFlush());
+  EXPECT_EQ(gReportLines.size(), 1u);
+}
+
+TEST_F(ZelTest, UncreatableFileIsToldAndTheNextOutputClearsIt) {
+  _zelOutputFile(0x0200, "/nonexistent-dir/scene.zel");
+  const std::string expected =
+      "ZEL severe error: cannot create the scene file \"/nonexistent-dir/scene.zel\": No such file "
+      "or directory";
+  EXPECT_EQ(gReportLines, std::vector<std::string>{expected});
+  EXPECT_TRUE(zelWriteFailed());
+  EXPECT_EQ(zelWriteError(), expected);
+  _zelFrameBegin();
+  _zelOutputFile(0x0200, path_.c_str());
+  EXPECT_FALSE(zelWriteFailed());
+  EXPECT_STREQ(zelWriteError(), "");
+}
+
+TEST_F(ZelTest, MissingFileNameIsTold) {
+  _zelOutputFile(0x0200, nullptr);
+  EXPECT_EQ(gReportLines,
+            std::vector<std::string>{"ZEL severe error: no name given for the scene file"});
+  EXPECT_TRUE(zelWriteFailed());
+}
+
+TEST_F(ZelTest, StreamGetsTheWholeFileAndStaysOpen) {
+  FILE* stream = std::tmpfile();
+  ASSERT_NE(stream, nullptr);
+  zelOutputToStream(stream);
+  _zelFrameBegin();
+  _zelFrameEnd();
+  ASSERT_TRUE(zelClose());
+  ASSERT_EQ(std::fseek(stream, 0, SEEK_SET), 0) << "the library must not have closed it";
+  std::string text(4096, '\0');
+  text.resize(std::fread(text.data(), 1, text.size(), stream));
+  std::fclose(stream);
+  ZelFile file = readZelString(text);
+  ASSERT_EQ(file.records.size(), 2u);
+  EXPECT_EQ(file.records[1].op, "FrameEnd");
+}
+
+TEST_F(ZelTest, DiscardKeepsTheChecksAndWritesNothing) {
+  _zelFrameBegin();
+  zelDiscardOutput();
+  someOperations(3000);
+  _zelAttributePop();
+  EXPECT_TRUE(zelClose());
+  EXPECT_FALSE(zelWriteFailed());
+  EXPECT_EQ(gReportLines,
+            std::vector<std::string>{"ZEL error: AttributePop with no AttributePush open"});
+  EXPECT_EQ(readZelFile(path_).records.size(), 1u) << "the old file ends where output moved on";
+}
+
+TEST_F(ZelTest, OneHugeRecordIsWrittenWhole) {
+  std::vector<float> points(3 * 50000, 0.125f);
+  ZelParam info = {"P", 0x0001, 4, 3, static_cast<uint32_t>(points.size())};
+  uint16_t code = 0x0001;
+  RtPointer value = points.data();
+  _zelParameterInfo(1, &info);
+  _zelPolygonV(50000, 1, &code, &value);
+  _zelFrameBegin();
+  std::vector<ZelRecord> read = records();
+  ASSERT_EQ(read.size(), 2u);
+  EXPECT_EQ(read[0].params.at(0).values.items().size(), points.size());
+}
+
+}  // namespace
