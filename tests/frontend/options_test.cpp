@@ -1,0 +1,80 @@
+#include "frontend/cli/options.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+struct parsed {
+  std::string problem;
+  options o;
+};
+
+parsed parse(std::vector<const char*> args) {
+  args.insert(args.begin(), "rib2zel");
+  parsed p;
+  p.problem = parseoptions(static_cast<int>(args.size()), args.data(), p.o);
+  return p;
+}
+
+}  // namespace
+
+TEST(Options, NameTheFilesFromTheArguments) {
+  const struct {
+    std::vector<const char*> args;
+    const char* input;
+    const char* output;
+  } cases[] = {
+      {{"in.rib", "out.zel"}, "in.rib", "out.zel"},
+      {{"in.rib"}, "in.rib", "in.zel"},
+      {{"-", "-"}, "-", "-"},
+      {{"-"}, "-", "-"},
+      {{"in.rib", "-"}, "in.rib", "-"},
+      {{"--", "-q.rib"}, "-q.rib", "-q.zel"},
+      {{"-q", "in.rib"}, "in.rib", "in.zel"},
+  };
+  for (const auto& c : cases) {
+    parsed p = parse(c.args);
+    EXPECT_EQ(p.problem, "") << c.args[0];
+    EXPECT_EQ(p.o.input, c.input);
+    EXPECT_EQ(p.o.output, c.output);
+  }
+}
+
+TEST(Options, SetTheFlags) {
+  parsed p = parse({"--quiet", "--parse-only", "in.rib"});
+  EXPECT_EQ(p.problem, "");
+  EXPECT_TRUE(p.o.quiet);
+  EXPECT_TRUE(p.o.parseOnly);
+  EXPECT_EQ(p.o.output, "");
+  EXPECT_TRUE(parse({"-q", "in.rib"}).o.quiet);
+  EXPECT_FALSE(parse({"in.rib"}).o.quiet);
+}
+
+TEST(Options, ReportUsageErrors) {
+  const struct {
+    std::vector<const char*> args;
+    const char* problem;
+  } cases[] = {
+      {{}, "missing INPUT"},
+      {{"-q"}, "missing INPUT"},
+      {{"a", "b", "c"}, "too many arguments: 'c'"},
+      {{"-x", "a"}, "unknown option '-x'"},
+      {{"--quiet=1", "a"}, "unknown option '--quiet=1'"},
+      {{"-qh", "a"}, "unknown option '-qh'"},
+      {{"--parse-only", "a", "b"}, "--parse-only writes no OUTPUT"},
+      {{""}, "INPUT is empty"},
+      {{"a", ""}, "OUTPUT is empty"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(parse(c.args).problem, c.problem);
+}
+
+TEST(Options, HelpAndVersionWinOverUsageErrors) {
+  parsed help = parse({"-x", "a", "b", "c", "--help"});
+  EXPECT_EQ(help.problem, "");
+  EXPECT_TRUE(help.o.help);
+  parsed version = parse({"--version"});
+  EXPECT_EQ(version.problem, "");
+  EXPECT_TRUE(version.o.version);
+}

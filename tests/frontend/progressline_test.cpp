@@ -1,0 +1,55 @@
+#include "frontend/cli/progressline.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using std::chrono::milliseconds;
+
+struct recorder {
+  std::vector<std::string> writes;
+  progressline::writer writer() {
+    return [this](const std::string& text) { writes.push_back(text); };
+  }
+};
+
+const progressline::clock::time_point t0{};
+
+}  // namespace
+
+TEST(ProgressLine, StaysHiddenDuringTheFirstSecond) {
+  recorder r;
+  progressline line(true, r.writer(), t0);
+  line.update(1000, 0.5, t0 + milliseconds(999));
+  line.erase();
+  EXPECT_TRUE(r.writes.empty());
+}
+
+TEST(ProgressLine, DrawsInPlaceAtMostFourTimesASecondAndErases) {
+  recorder r;
+  progressline line(true, r.writer(), t0);
+  line.update(3 << 20, 0.25, t0 + milliseconds(1500));
+  line.update(4 << 20, 0.30, t0 + milliseconds(1600));
+  line.update(6 << 20, 0.50, t0 + milliseconds(2000));
+  line.erase();
+  line.erase();
+  EXPECT_EQ(r.writes,
+            (std::vector<std::string>{"\r\033[KConverting:  25% (2.0 MB/s)",
+                                      "\r\033[KConverting:  50% (3.0 MB/s)", "\r\033[K"}));
+}
+
+TEST(ProgressLine, NeverWritesWhenDisabled) {
+  recorder r;
+  progressline line(false, r.writer(), t0);
+  line.update(1 << 20, 0.5, t0 + milliseconds(5000));
+  line.erase();
+  EXPECT_TRUE(r.writes.empty());
+}
+
+TEST(ProgressText, ShowsMegabytesWhenTheSizeIsUnknown) {
+  EXPECT_EQ(progresstext(5 << 20, -1, 2.0), "Converting: 5.0 MB read (2.5 MB/s)");
+  EXPECT_EQ(progresstext(0, 1.0, 0.0), "Converting: 100% (0.0 MB/s)");
+}

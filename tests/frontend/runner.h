@@ -1,0 +1,62 @@
+// Runs the real rib2zel executable for the end-to-end tests: its standard
+// output and standard error go to files, its standard input comes from a
+// file, from nothing, or from a pipe that the test writes to.
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+// A fresh directory for one test, removed with everything in it afterwards.
+class scratchdir {
+ public:
+  scratchdir();
+  ~scratchdir();
+  const fs::path& path() const { return path_; }
+  fs::path file(const std::string& name) const { return path_ / name; }
+  // Writes bytes to a file in this directory and returns its path.
+  fs::path write(const std::string& name, const std::string& bytes) const;
+
+ private:
+  fs::path path_;
+};
+
+std::string readfile(const fs::path& p);
+// Splits text at "\n"; a missing final line end leaves the last piece in too.
+std::vector<std::string> splitlines(const std::string& text);
+
+struct runresult {
+  int status = -1;  // exit status, or 128 + signal number
+  std::vector<std::string> errLines;
+  std::string err;
+  std::string out;
+};
+
+class rib2zelprocess {
+ public:
+  // stdinPath empty: standard input is /dev/null. stdinPipe: the test writes.
+  rib2zelprocess(const scratchdir& dir, const std::vector<std::string>& args,
+                 const std::string& stdinPath = "", bool stdinPipe = false);
+  ~rib2zelprocess();
+
+  pid_t pid() const { return pid_; }
+  // The write end of standard input when stdinPipe was asked for, else -1.
+  int stdinFd() const { return stdinFd_; }
+  void closeStdin();
+  // Waits for the end and collects the outputs. Standard input stays open.
+  runresult wait();
+
+ private:
+  pid_t pid_ = -1;
+  int stdinFd_ = -1;
+  fs::path outPath_;
+  fs::path errPath_;
+};
+
+// Runs to the end. stdinData, when given, is what standard input holds.
+runresult runrib2zel(const scratchdir& dir, const std::vector<std::string>& args,
+                     const std::string* stdinData = nullptr);
