@@ -2,7 +2,7 @@
 # Throughput benchmark of rib2zel: generates the workload scene (ASCII RIB) and
 # its binary twin, converts each a few times end to end and in parse-only mode,
 # and prints the median wall time, MB/s, requests per second and peak resident
-# memory of each. See bench/README.md.
+# memory of each (measured by tools/runstat). See bench/README.md.
 set -euo pipefail
 
 usage() {
@@ -10,8 +10,8 @@ usage() {
 Usage: bench/run_bench.sh [--size-mb N] [--runs N] [--build DIR] [--work DIR] [--keep]
   --size-mb N  size of the generated ASCII workload in MB (default 200)
   --runs N     timed runs per case; the median is shown (default 3)
-  --build DIR  build directory holding rib2zel and rib2bin (default build/);
-               the two targets are built there first
+  --build DIR  build directory holding rib2zel, rib2bin and runstat (default
+               build/); the three targets are built there first
   --work DIR   where the workload and the scene files go (default DIR/bench)
   --keep       keep the scene files written by the last runs
 TEXT
@@ -40,18 +40,14 @@ if [ ! -f "$generator" ]; then
   echo "run_bench: the workload generator $generator is missing" >&2
   exit 2
 fi
-if [ ! -x /usr/bin/time ]; then
-  echo "run_bench: /usr/bin/time is missing (Debian package 'time')" >&2
-  exit 2
-fi
 
 # --- build -------------------------------------------------------------------
 if [ ! -f "$build/CMakeCache.txt" ]; then
   cmake -S "$repo" -B "$build" -DCMAKE_BUILD_TYPE=Release -DRZ_GUI=OFF -DRZ_TESTS=OFF >/dev/null
 fi
-if ! cmake --build "$build" --target rib2zel rib2bin -j"$(nproc)" >"$build/bench-build.log" 2>&1; then
+if ! cmake --build "$build" --target rib2zel rib2bin runstat -j"$(nproc)" >"$build/bench-build.log" 2>&1; then
   tail -n 30 "$build/bench-build.log" >&2
-  echo "run_bench: building rib2zel and rib2bin failed" >&2
+  echo "run_bench: building rib2zel, rib2bin and runstat failed" >&2
   exit 2
 fi
 find_program() {
@@ -59,8 +55,9 @@ find_program() {
 }
 rib2zel=$(find_program rib2zel)
 rib2bin=$(find_program rib2bin)
-if [ -z "$rib2zel" ] || [ -z "$rib2bin" ]; then
-  echo "run_bench: rib2zel or rib2bin was not built in $build" >&2
+runstat=$(find_program runstat)
+if [ -z "$rib2zel" ] || [ -z "$rib2bin" ] || [ -z "$runstat" ]; then
+  echo "run_bench: rib2zel, rib2bin or runstat was not built in $build" >&2
   exit 2
 fi
 
@@ -83,17 +80,13 @@ requests=$(awk '{ print $3 }' "$stats")
 failed=0
 # Times one command: sets `seconds` (wall) and `rss_kb` (peak resident set).
 time_once() {
-  local start end status=0
-  start=$(date +%s%N)
-  /usr/bin/time -f '%M' -o "$work/rss.txt" "$@" >/dev/null 2>"$work/stderr.txt" || status=$?
+  local status
+  read -r seconds rss_kb status < <("$runstat" "$work/stderr.txt" "$@")
   if [ "$status" -ne 0 ]; then
     echo "run_bench: '$*' exited with status $status:" >&2
     head -n 5 "$work/stderr.txt" >&2
     failed=1
   fi
-  end=$(date +%s%N)
-  seconds=$(awk -v a="$start" -v b="$end" 'BEGIN { printf "%.4f", (b - a) / 1e9 }')
-  rss_kb=$(tail -n 1 "$work/rss.txt")
 }
 
 median() { sort -g | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
@@ -142,5 +135,5 @@ fi
 if [ "$keep" -eq 0 ]; then
   rm -f "$work/ascii.zel" "$work/binary.zel"
 fi
-rm -f "$work/rss.txt" "$work/stderr.txt" "$work/times.txt"
+rm -f "$work/stderr.txt" "$work/times.txt"
 exit "$failed"
