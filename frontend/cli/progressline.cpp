@@ -3,8 +3,6 @@
 #include <cstdio>
 
 namespace {
-// Back to the start of the line, and clear it to its end.
-constexpr const char* kErase = "\r\033[K";
 constexpr double kMegabyte = 1024.0 * 1024.0;
 }  // namespace
 
@@ -13,17 +11,21 @@ progressline::progressline(bool enabled, writer write, clock::time_point start)
 
 void progressline::update(uint64_t bytes, double fraction, clock::time_point now) {
   if (!enabled_ || now - start_ < kDelay) return;
-  if (shown_ && now - lastDraw_ < kInterval) return;
+  if (shownLength_ > 0 && now - lastDraw_ < kInterval) return;
   double seconds = std::chrono::duration<double>(now - start_).count();
-  write_(kErase + progresstext(bytes, fraction, seconds));
-  shown_ = true;
+  std::string text = progresstext(bytes, fraction, seconds);
+  // Blanks cover what is left of a longer previous line; no terminal escapes needed.
+  size_t length = text.size();
+  if (length < shownLength_) text.append(shownLength_ - length, ' ');
+  write_("\r" + text);
+  shownLength_ = length;
   lastDraw_ = now;
 }
 
 void progressline::erase() {
-  if (!shown_) return;
-  write_(kErase);
-  shown_ = false;
+  if (shownLength_ == 0) return;
+  write_("\r" + std::string(shownLength_, ' ') + "\r");
+  shownLength_ = 0;
 }
 
 std::string progresstext(uint64_t bytes, double fraction, double seconds) {

@@ -30,7 +30,7 @@ class progressline {
   writer write_;
   clock::time_point start_;
   clock::time_point lastDraw_;
-  bool shown_ = false;
+  size_t shownLength_ = 0;  // 0 while no line is shown
 };
 
 // The text of the line, without the carriage return in front.

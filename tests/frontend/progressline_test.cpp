@@ -28,17 +28,21 @@ TEST(ProgressLine, StaysHiddenDuringTheFirstSecond) {
   EXPECT_TRUE(r.writes.empty());
 }
 
-TEST(ProgressLine, DrawsInPlaceAtMostFourTimesASecondAndErases) {
+TEST(ProgressLine, RedrawsInPlaceAtMostFourTimesASecondAndBlanksItsTrace) {
   recorder r;
   progressline line(true, r.writer(), t0);
   line.update(3 << 20, 0.25, t0 + milliseconds(1500));
   line.update(4 << 20, 0.30, t0 + milliseconds(1600));
-  line.update(6 << 20, 0.50, t0 + milliseconds(2000));
+  line.update(8 << 20, -1, t0 + milliseconds(2000));
+  line.update(6 << 20, 0.50, t0 + milliseconds(4000));
   line.erase();
   line.erase();
-  EXPECT_EQ(r.writes,
-            (std::vector<std::string>{"\r\033[KConverting:  25% (2.0 MB/s)",
-                                      "\r\033[KConverting:  50% (3.0 MB/s)", "\r\033[K"}));
+  EXPECT_EQ(r.writes, (std::vector<std::string>{
+                          "\rConverting:  25% (2.0 MB/s)",
+                          "\rConverting: 8.0 MB read (4.0 MB/s)",
+                          "\rConverting:  50% (1.5 MB/s)" + std::string(7, ' '),
+                          "\r" + std::string(27, ' ') + "\r",
+                      }));
 }
 
 TEST(ProgressLine, NeverWritesWhenDisabled) {
