@@ -3,27 +3,37 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <type_traits>
 
 namespace zel {
 
+namespace {
+
+// The text of a float that to_chars does not write as JSON needs, or null.
+const char* specialFloat(float value) {
+  if (std::isnan(value)) return "\"nan\"";
+  if (std::isinf(value)) return value < 0 ? "\"-inf\"" : "\"inf\"";
+  // "-0" would read back as the integer 0 and lose the sign.
+  if (value == 0 && std::signbit(value)) return "-0.0";
+  return nullptr;
+}
+
+}  // namespace
+
 void appendFloat(std::string& out, float value) {
-  if (std::isnan(value)) {
-    out += "\"nan\"";
-  } else if (std::isinf(value)) {
-    out += value < 0 ? "\"-inf\"" : "\"inf\"";
-  } else if (value == 0 && std::signbit(value)) {
-    out += "-0.0";  // "-0" would read back as the integer 0 and lose the sign
+  if (const char* special = specialFloat(value)) {
+    out += special;
   } else {
     char buffer[32];
     auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-    out.append(buffer, result.ptr);
+    out.append(buffer, static_cast<size_t>(result.ptr - buffer));
   }
 }
 
 void appendInt(std::string& out, int64_t value) {
   char buffer[24];
   auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-  out.append(buffer, result.ptr);
+  out.append(buffer, static_cast<size_t>(result.ptr - buffer));
 }
 
 namespace {
@@ -88,30 +98,68 @@ void appendText(std::string& out, const char* text) {
   appendText(out, text, std::strlen(text));
 }
 
-void appendFloats(std::string& out, const float* values, size_t n) {
+namespace {
+
+// Arrays carry most of a scene's bytes; their numbers are gathered in a chunk
+// on the stack and appended in one go rather than a few bytes at a time.
+class Chunk {
+ public:
+  explicit Chunk(std::string& out) : out_(out) {}
+  ~Chunk() { out_.append(data_, used_); }
+
+  // Room for one more number and its comma.
+  char* reserve() {
+    if (used_ > sizeof data_ - kNumberBytes) {
+      out_.append(data_, used_);
+      used_ = 0;
+    }
+    return data_ + used_;
+  }
+  void advance(char* end) { used_ = static_cast<size_t>(end - data_); }
+
+  static constexpr size_t kNumberBytes = 32;
+
+ private:
+  std::string& out_;
+  char data_[1024];
+  size_t used_ = 0;
+};
+
+template <typename Number>
+void appendArray(std::string& out, const Number* values, size_t n) {
   if (values == nullptr) {
     out += "null";
     return;
   }
   out += '[';
-  for (size_t i = 0; i < n; ++i) {
-    if (i > 0) out += ',';
-    appendFloat(out, values[i]);
+  {
+    Chunk chunk(out);
+    for (size_t i = 0; i < n; ++i) {
+      char* at = chunk.reserve();
+      if (i > 0) *at++ = ',';
+      Number value = values[i];
+      if constexpr (std::is_same_v<Number, float>) {
+        if (const char* special = specialFloat(value)) {
+          size_t length = std::strlen(special);
+          std::memcpy(at, special, length);
+          chunk.advance(at + length);
+          continue;
+        }
+      }
+      chunk.advance(std::to_chars(at, at + Chunk::kNumberBytes - 1, value).ptr);
+    }
   }
   out += ']';
 }
 
+}  // namespace
+
+void appendFloats(std::string& out, const float* values, size_t n) {
+  appendArray(out, values, n);
+}
+
 void appendInts(std::string& out, const int32_t* values, size_t n) {
-  if (values == nullptr) {
-    out += "null";
-    return;
-  }
-  out += '[';
-  for (size_t i = 0; i < n; ++i) {
-    if (i > 0) out += ',';
-    appendInt(out, values[i]);
-  }
-  out += ']';
+  appendArray(out, values, n);
 }
 
 }  // namespace zel

@@ -52,12 +52,19 @@ TEST_F(ZelTest, FloatsReadBackToTheSameBits) {
 TEST_F(ZelTest, NonFiniteFloatsAreNamedAndReadBack) {
   const float inf = std::numeric_limits<float>::infinity();
   _zelSphereV(inf, -inf, std::nanf(""), 360, 0, nullptr, nullptr);
-  EXPECT_EQ(recordLines(), std::vector<std::string>{
-                               R"({"op":"SphereV","args":["inf","-inf","nan",360],"params":[]})"});
+  const float color[3] = {-inf, std::nanf(""), -0.0f};
+  _zelColor(color);
+  EXPECT_EQ(recordLines(), (std::vector<std::string>{
+                               R"({"op":"SphereV","args":["inf","-inf","nan",360],"params":[]})",
+                               R"({"op":"Color","args":[["-inf","nan",-0.0]]})"}));
   std::vector<ZelRecord> read = records();
   EXPECT_EQ(read[0].args[0].asFloat(), inf);
   EXPECT_EQ(read[0].args[1].asFloat(), -inf);
   EXPECT_TRUE(std::isnan(read[0].args[2].asFloat()));
+  std::vector<float> back = read[1].args[0].asFloats();
+  EXPECT_EQ(back[0], -inf);
+  EXPECT_TRUE(std::isnan(back[1]));
+  EXPECT_TRUE(std::signbit(back[2]));
 }
 
 TEST_F(ZelTest, TextKeepsEveryByte) {
