@@ -26,6 +26,12 @@ struct CountsCase {
   PrimitiveCounts expected;
 };
 
+std::string testName(const std::string& what) {
+  std::string name;
+  for (char c : what) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
+  return name;
+}
+
 class PrimitiveCountsTest : public testing::TestWithParam<CountsCase> {
  protected:
   void SetUp() override { resetBasisSteps(); }
@@ -100,11 +106,7 @@ INSTANTIATE_TEST_SUITE_P(
                    [] { return nuPatchCounts(65536, 65536); },
                    {1, int64_t{1} << 32, int64_t{1} << 32}},
         CountsCase{"quadric", [] { return quadricCounts(); }, {1, 4, 4}}),
-    [](const testing::TestParamInfo<CountsCase>& info) {
-      std::string name;
-      for (char c : info.param.what) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
-      return name;
-    });
+    [](const testing::TestParamInfo<CountsCase>& info) { return testName(info.param.what); });
 
 TEST(PatchMeshCounts, DivideByTheStepsOfTheLastBasis) {
   setBasisSteps(1, 1);
@@ -152,7 +154,7 @@ INSTANTIATE_TEST_SUITE_P(
         ScalarCase{"Np", RI_NP, true, {2, 3, 3}, 6}, ScalarCase{"st", RI_ST, true, {1, 4, 4}, 8},
         ScalarCase{"Ka", RI_KA, true, {7, 4, 4}, 7},
         ScalarCase{"texturename", RI_TEXTURENAME, true, {1, 4, 4}, 1},
-        ScalarCase{"negative", RI_P, true, {1, -5, -5}, 0},
+        ScalarCase{"negative count", RI_P, true, {1, -5, -5}, 0},
         ScalarCase{"keyword", RI_PERSPECTIVE, false, {}, 0},
         ScalarCase{"null", nullptr, false, {}, 0}, ScalarCase{"origin", RI_ORIGIN, false, {}, 2},
         ScalarCase{"lightcolor", RI_LIGHTCOLOR, false, {}, 3},
@@ -160,7 +162,9 @@ INSTANTIATE_TEST_SUITE_P(
         ScalarCase{"coneangle", RI_CONEANGLE, false, {}, 1},
         ScalarCase{"name", RI_NAME, false, {}, 1},
         ScalarCase{"Pw outside geometry", RI_PW, false, {}, 4},
-        ScalarCase{"many points", RI_P, true, {1, 1 << 30, 1 << 30}, 3u << 30}));
+        ScalarCase{"many points", RI_P, true, {1, 1 << 30, 1 << 30}, 3u << 30},
+        ScalarCase{"more than a count holds", RI_PW, true, {1, 1, int64_t{1} << 40}, 4294967295u}),
+    [](const testing::TestParamInfo<ScalarCase>& info) { return testName(info.param.name); });
 
 TEST(ParameterCount, NameGivenAsTextFindsItsRecord) {
   EXPECT_EQ(parameterCount(text("Cs"), nullptr), 3u);

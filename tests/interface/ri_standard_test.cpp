@@ -37,6 +37,7 @@ TEST_F(StandardObjects, CustomBasisGoesWithItsStepEvenWithStandardContents) {
 }
 
 struct FilterCase {
+  const char* name;
   RtFilterFunc filter;
   const char* line;
 };
@@ -49,11 +50,14 @@ TEST_P(StandardFilters, GoByNumberThenTheWidth) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, StandardFilters,
-                         testing::Values(FilterCase{RiGaussianFilter, "Filter 256"},
-                                         FilterCase{RiBoxFilter, "Filter 258"},
-                                         FilterCase{RiTriangleFilter, "Filter 259"},
-                                         FilterCase{RiCatmullRomFilter, "Filter 257"},
-                                         FilterCase{RiSincFilter, "Filter 260"}));
+                         testing::Values(FilterCase{"Gaussian", RiGaussianFilter, "Filter 256"},
+                                         FilterCase{"Box", RiBoxFilter, "Filter 258"},
+                                         FilterCase{"Triangle", RiTriangleFilter, "Filter 259"},
+                                         FilterCase{"CatmullRom", RiCatmullRomFilter, "Filter 257"},
+                                         FilterCase{"Sinc", RiSincFilter, "Filter 260"}),
+                         [](const testing::TestParamInfo<FilterCase>& info) {
+                           return std::string(info.param.name);
+                         });
 
 bool gCustomFilterRan = false;
 
