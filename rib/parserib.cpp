@@ -3,6 +3,8 @@
 #include <cstring>
 #include <new>
 
+#include "interface/ri_paramcounts.h"
+
 namespace {
 
 // Puts a new-handler in for the lifetime of the object and restores the one it
@@ -23,6 +25,9 @@ class NewHandlerScope {
 parserib::parserib(bytesource& in, const char* name)
     : lex(in, name), keywords(kBuckets), lights(kBuckets), objects(kBuckets) {
   hash_init();
+  // The Ri layer counts a patch mesh's values with the same steps as this
+  // reader, so they must start afresh together with ustep and vstep.
+  resetBasisSteps();
 }
 
 parserib::~parserib() = default;
