@@ -34,6 +34,39 @@ class bytesource {
   // True once the underlying read reported an error (as opposed to the end).
   bool failed() const { return failed_; }
 
+  // The same get and putback for a tight loop, with the position held in the
+  // cursor (in registers) rather than in the source, where every store of a
+  // byte elsewhere would force it to be read again. The source catches up when
+  // the cursor goes out of scope; it must not be used directly meanwhile.
+  class cursor {
+   public:
+    explicit cursor(bytesource& s) : s_(s), pos_(s.pos_), end_(s.end_) {}
+    cursor(const cursor&) = delete;
+    cursor& operator=(const cursor&) = delete;
+    ~cursor() { s_.pos_ = pos_; }
+
+    bool get(unsigned char& c) {
+      if (pos_ == end_ && !refill()) return false;
+      c = *pos_++;
+      return true;
+    }
+    void putback(unsigned char c) { *--pos_ = c; }
+
+   private:
+    // Only values cross this call, so the cursor's address never escapes.
+    bool refill() {
+      s_.pos_ = pos_;
+      bool more = !s_.eof();
+      pos_ = s_.pos_;
+      end_ = s_.end_;
+      return more;
+    }
+
+    bytesource& s_;
+    unsigned char* pos_;
+    unsigned char* end_;
+  };
+
  protected:
   // Fills dst with up to cap bytes; returns how many, 0 at the end of input.
   // Sets failed via setFailed() on an I/O error.

@@ -1,8 +1,6 @@
 // The ASCII side of the scanner and the dispatch on a token's first byte.
-#include <charconv>
 #include <cstdio>
 #include <cstdlib>
-#include <limits>
 
 #include "rib/lexanrib.h"
 
@@ -77,12 +75,22 @@ int16_t lexanrib::next() {
   lastline = line;
   for (;;) {
     unsigned char c;
-    if (!stream.get(c)) return thistoke = LEXEOF;
-    switch (kTables.action[c]) {
+    Action action;
+    {
+      bytesource::cursor in(stream);
+      for (;;) {
+        if (!in.get(c)) return thistoke = LEXEOF;
+        action = kTables.action[c];
+        if (action == kNewline) {
+          ++line;
+        } else if (action != kSkip) {
+          break;
+        }
+      }
+    }
+    switch (action) {
       case kSkip:
-        continue;
       case kNewline:
-        ++line;
         continue;
       case kComment:
         skipcomment();
@@ -109,31 +117,34 @@ int16_t lexanrib::next() {
 // Drops bytes up to and including a line feed; the line counts even when the
 // stream ends first.
 void lexanrib::skipcomment() {
+  bytesource::cursor in(stream);
   unsigned char c;
-  while (stream.get(c) && c != '\n') {
+  while (in.get(c) && c != '\n') {
   }
   ++line;
 }
 
 void lexanrib::scankeyword(unsigned char c) {
-  TextCursor out(text);
-  scanword(out, c, false);
+  scanword(c);
 }
 
-// Appends c and what follows up to a word end, which is put back. With ended
-// set, c is stale (the read after it failed) and only the NUL is added.
-void lexanrib::scanword(TextCursor& out, unsigned char c, bool ended) {
-  if (!ended) {
-    for (;;) {
-      if (is(c, kWordEnd)) {
-        stream.putback(c);
-        break;
-      }
-      out.push(c);
-      if (!stream.get(c)) break;
+// Appends c and what follows up to a word end, which is put back and
+// returned; -1 when the stream ended first.
+int lexanrib::scanword(unsigned char c) {
+  bytesource::cursor in(stream);
+  TextCursor out(text);
+  int stop = -1;
+  for (;;) {
+    if (is(c, kWordEnd)) {
+      in.putback(c);
+      stop = c;
+      break;
     }
+    out.push(c);
+    if (!in.get(c)) break;
   }
   out.push('\0');
+  return stop;
 }
 
 // A memory failure while the string grows is told here, with this code, so
@@ -151,53 +162,58 @@ void lexanrib::scanstring(unsigned char) {
 void lexanrib::scanstringbody() {
   text.count = 0;
   bool closed = false;
-  {
-    TextCursor out(text);
-    unsigned char c;
-    while (stream.get(c)) {
-      if (!is(c, kStringStop)) {
-        out.push(c);
-        continue;
-      }
-      if (c == '"') {
-        closed = true;
-        break;
-      }
-      if (c != '\\') {
-        ++line;
-        out.push('\0');
-        throw exception(16, 2, "String runs past end of line");
-      }
-      if (!scanescape(out)) break;
+  for (;;) {
+    int c = scanplain();
+    if (c < 0) break;
+    if (c == '"') {
+      closed = true;
+      break;
     }
-    out.push('\0');
+    if (c != '\\') {
+      ++line;
+      text.append('\0');
+      throw exception(16, 2, "String runs past end of line");
+    }
+    int byte = scanescape();
+    if (byte == kEscapeEnded) break;
+    if (byte != kEscapeNothing) text.append(static_cast<char>(byte));
   }
+  text.append('\0');
   if (!closed) RIBError(16, 2, "Unterminated string");
 }
 
-// The byte after a backslash. Returns false when the stream ended there.
-bool lexanrib::scanescape(TextCursor& out) {
+// Appends string bytes up to one that needs a closer look (a quote, a
+// backslash or a line end), which it returns; -1 when the stream ended.
+int lexanrib::scanplain() {
+  bytesource::cursor in(stream);
+  TextCursor out(text);
   unsigned char c;
-  if (!stream.get(c)) return false;
+  while (in.get(c)) {
+    if (is(c, kStringStop)) return c;
+    out.push(c);
+  }
+  return -1;
+}
+
+// The byte after a backslash: what to append, kEscapeNothing for a line
+// continuation, or kEscapeEnded when the stream ended there.
+int lexanrib::scanescape() {
+  unsigned char c;
+  if (!stream.get(c)) return kEscapeEnded;
   switch (c) {
     case 'n':
-      out.push('\n');
-      break;
+      return '\n';
     case 'r':
-      out.push('\r');
-      break;
+      return '\r';
     case 't':
-      out.push('\t');
-      break;
+      return '\t';
     case 'b':
-      out.push('\b');
-      break;
+      return '\b';
     case 'f':
-      out.push('\f');
-      break;
+      return '\f';
     case '\n':
       ++line;
-      break;
+      return kEscapeNothing;
     case '0':
     case '1':
     case '2':
@@ -217,108 +233,23 @@ bool lexanrib::scanescape(TextCursor& out) {
         }
         value = value * 8 + (d - '0');
       }
-      out.push(static_cast<unsigned char>(value & 0xFF));
-      break;
+      return value & 0xFF;
     }
     default:  // \\, \" and any other byte stand for themselves
-      out.push(c);
+      return c;
   }
-  return true;
 }
 
+// A number runs to the same end as a word: the bytes of a number are never
+// word ends, and whatever follows a malformed number up to a word end belongs
+// to the bad word the report quotes. So the word is scanned first and then
+// checked. A byte with bit 7 set ends a word but may not follow a number.
 int16_t lexanrib::scannumber(unsigned char c) {
-  bool valid = false, isfloat = false, ended = false;
   text.count = 0;
-  {
-    TextCursor out(text);
-    auto advance = [&] {
-      out.push(c);
-      if (!stream.get(c)) ended = true;
-    };
-    auto digits = [&] {
-      while (!ended && is(c, kDigit)) {
-        advance();
-        valid = true;
-      }
-    };
-    if (c == '+' || c == '-') advance();
-    digits();
-    if (!ended && c == '.') {
-      advance();
-      isfloat = true;
-      valid = false;
-      digits();
-    }
-    if (!ended && (c == 'e' || c == 'E') && valid) {
-      advance();
-      isfloat = true;
-      if (!ended && (c == '+' || c == '-')) advance();
-      valid = false;
-      digits();
-    }
-    if (valid && !ended && !is(c, kNumberEnd)) valid = false;
-    if (!valid) {
-      scanword(out, c, ended);
-    } else {
-      if (!ended) stream.putback(c);
-      out.push('\0');
-    }
-  }
-  if (!valid) throw exception(16, 2, "Invalid number");
-  convertnumber(isfloat);
-  return isfloat ? LEXFLOAT : LEXINT;
-}
-
-namespace {
-
-// Whether a number that a double cannot hold is too large rather than too
-// small: the place of its first significant digit plus its exponent decides.
-bool overflows(const char* p, const char* end) {
-  auto digit = [](char c) { return c >= '0' && c <= '9'; };
-  int64_t place = 0;
-  while (p < end && *p == '0') ++p;
-  while (p < end && digit(*p)) ++place, ++p;
-  if (place == 0 && p < end && *p == '.') {
-    for (++p; p < end && *p == '0'; ++p) --place;
-  }
-  while (p < end && *p != 'e' && *p != 'E') ++p;
-  int64_t exponent = 0;
-  if (p < end) {
-    bool negative = ++p < end && *p == '-';
-    if (p < end && (*p == '-' || *p == '+')) ++p;
-    for (; p < end && digit(*p); ++p) {
-      if (exponent < 100000000) exponent = exponent * 10 + (*p - '0');
-    }
-    if (negative) exponent = -exponent;
-  }
-  return place + exponent > 0;
-}
-
-}  // namespace
-
-// text holds a checked number: optional sign, digits, point, exponent.
-// Floats are read as doubles and narrowed, as the format's writers expect;
-// integers beyond 32 bits are held at the nearest limit.
-void lexanrib::convertnumber(bool isfloat) {
-  const char* p = text.data;
-  const char* end = text.data + text.count - 1;
-  bool negative = *p == '-';
-  if (*p == '+') ++p;
-  if (isfloat) {
-    double d = 0;
-    auto r = std::from_chars(p, end, d);
-    if (r.ec == std::errc::result_out_of_range) {
-      d = overflows(p, end) ? std::numeric_limits<double>::infinity() : 0.0;
-      if (negative) d = -d;
-    }
-    floatvalue = static_cast<float>(d);
-  } else {
-    int32_t v = 0;
-    auto r = std::from_chars(p, end, v);
-    if (r.ec == std::errc::result_out_of_range)
-      v = negative ? std::numeric_limits<int32_t>::min() : std::numeric_limits<int32_t>::max();
-    intvalue = v;
-  }
+  int stop = scanword(c);
+  int16_t kind = stop >= 0x80 ? LEXNONE : convertnumber();
+  if (kind == LEXNONE) throw exception(16, 2, "Invalid number");
+  return kind;
 }
 
 void lexanrib::get(String& s) const {

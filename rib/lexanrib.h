@@ -113,11 +113,16 @@ class lexanrib {
   void skipcomment();
   void scanstring(unsigned char c);
   void scanstringbody();
-  bool scanescape(TextCursor& out);
+  int scanplain();
+  static constexpr int kEscapeNothing = -1;
+  static constexpr int kEscapeEnded = -2;
+  int scanescape();
   int16_t scannumber(unsigned char c);
-  void convertnumber(bool isfloat);
+  // The value of the number in text into intvalue or floatvalue; LEXNONE,
+  // with both left alone, when text is no number.
+  int16_t convertnumber();
   void scankeyword(unsigned char c);
-  void scanword(TextCursor& out, unsigned char c, bool ended);
+  int scanword(unsigned char c);
 
   int16_t scanbinary(unsigned char c);
   uint32_t scanbinlong(uint16_t n);

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <cstdio>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -234,19 +237,24 @@ TEST(LexanribStream, CommentWithoutLineFeedCountsALine) {
 }
 
 TEST(LexanribStream, ReadsAcrossTheSourcesBlocks) {
-  // Tokens longer than a block and tokens cut by the block boundary.
+  // 13 bytes a round, so the source's 64 KiB block edges fall at a different
+  // place in the round each time, pushed-back bytes included.
   std::string input;
-  for (int i = 0; i < 30000; ++i) input += "Word 12 ";
+  for (int i = 0; i < 30000; ++i) input += "Wd 12 #c\n\"s\" ";
   input += std::string(100000, 'k');
   Scan scan(input);
   for (int i = 0; i < 30000; ++i) {
     ASSERT_EQ(scan.lex.next(), LEXKEYWORD);
+    ASSERT_STREQ(scan.lex.text.data, "Wd");
     ASSERT_EQ(scan.lex.next(), LEXINT);
     ASSERT_EQ(scan.lex.intvalue, 12);
+    ASSERT_EQ(scan.lex.next(), LEXSTRING);
+    ASSERT_STREQ(scan.lex.text.data, "s");
   }
   ASSERT_EQ(scan.lex.next(), LEXKEYWORD);
   EXPECT_EQ(scan.lex.text.count, 100001u);
   EXPECT_EQ(scan.lex.next(), LEXEOF);
+  EXPECT_EQ(scan.lex.line, 30001);
 }
 
 TEST(LexanribGet, IntegersReadAsFloats) {
@@ -271,6 +279,52 @@ TEST(LexanribGetDeathTest, WrongAccessorStopsWithTheCondition) {
   EXPECT_DEATH(scan.lex.get(f), "thistoke == LEXFLOAT \\|\\| thistoke == LEXINT");
   scan.lex.next();
   EXPECT_DEATH(scan.lex.get(s), "thistoke == LEXSTRING \\|\\| thistoke == LEXKEYWORD");
+}
+
+}  // namespace
+
+namespace {
+
+// The scanner's float must be the double nearest the text, narrowed: checked
+// against the general conversion over numbers of every shape.
+TEST(LexanribNumbers, FloatsMatchTheGeneralConversion) {
+  std::mt19937 random(7);
+  std::string input;
+  std::vector<float> expected;
+  char buf[64];
+  for (int i = 0; i < 20000; ++i) {
+    int digits = 1 + static_cast<int>(random() % 24);
+    std::string mantissa;
+    for (int d = 0; d < digits; ++d) mantissa += static_cast<char>('0' + random() % 10);
+    size_t point = random() % (mantissa.size() + 1);
+    std::string text = (random() % 2 ? "-" : "") + mantissa.substr(0, point) + "." +
+                       mantissa.substr(point) + (point == mantissa.size() ? "5" : "");
+    if (random() % 3 == 0) {
+      std::snprintf(buf, sizeof buf, "e%d", static_cast<int>(random() % 90) - 45);
+      text += buf;
+    }
+    double reference = 0;
+    const char* begin = text.c_str() + (text[0] == '-' ? 1 : 0);
+    std::from_chars(begin, text.c_str() + text.size(), reference);
+    expected.push_back(static_cast<float>(text[0] == '-' ? -reference : reference));
+    input += text + " ";
+  }
+  Scan scan(input);
+  for (size_t i = 0; i < expected.size(); ++i) {
+    ASSERT_EQ(scan.lex.next(), LEXFLOAT) << i;
+    float f;
+    scan.lex.get(f);
+    ASSERT_EQ(f, expected[i]) << scan.lex.text.data;
+  }
+}
+
+TEST(LexanribNumbers, LongDigitRuns) {
+  expectTokens({
+      {"0000000000000000000000012", {"INT 12", "EOF"}},
+      {"12345678901234567890123", {"INT 2147483647", "EOF"}},
+      {"123456789012345678901234567890e-20", {"FLOAT 1.23456794e+09", "EOF"}},
+      {"0.00000000000000000000000000001", {"FLOAT 1e-29", "EOF"}},
+  });
 }
 
 }  // namespace
