@@ -12,7 +12,7 @@ Usage: bench/run_bench.sh [--size-mb N] [--runs N] [--build DIR] [--work DIR] [-
   --runs N     timed runs per case; the median is shown (default 3)
   --build DIR  build directory holding rib2zel, rib2bin and runstat (default
                build/); the three targets are built there first
-  --work DIR   where the workload and the scene files go (default DIR/bench)
+  --work DIR   where the workload and the scene files go (default DIR/bench-work)
   --keep       keep the scene files written by the last runs
 TEXT
 }
@@ -34,7 +34,7 @@ while [ $# -gt 0 ]; do
     *) echo "run_bench: unknown argument '$1'" >&2; usage >&2; exit 2 ;;
   esac
 done
-work=${work:-$build/bench}
+work=${work:-$build/bench-work}
 generator=$repo/../shared/bench/gen_big_rib.py
 if [ ! -f "$generator" ]; then
   echo "run_bench: the workload generator $generator is missing" >&2
