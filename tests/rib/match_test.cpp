@@ -185,14 +185,6 @@ TEST_P(MatchTable, ResultReportAndNextToken) {
 INSTANTIATE_TEST_SUITE_P(Match, MatchTable, ::testing::ValuesIn(kCases),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST(MatchValues, BooleanRefusedLeavesVariableAndToken) {
-  RecordingParser p("2");
-  int16_t b = 7;
-  ReportCollector reports;
-  EXPECT_EQ(p.primed().match(b), 0);
-  EXPECT_EQ(b, 7);
-}
-
 TEST(MatchValues, MatrixIsFilledRowByRow) {
   RecordingParser p("[ 0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 ]");
   float m[4][4] = {};
@@ -225,16 +217,6 @@ TEST(MatchValues, ArrayIsEmptiedEvenWhenTheReadFailsAtOnce) {
   ReportCollector reports;
   EXPECT_EQ(p.primed().match(a, -1, 1), 0);
   EXPECT_EQ(a.count, 0u);
-}
-
-TEST(MatchValues, ManyElementsGrowTheArray) {
-  std::string input = "[";
-  for (int k = 0; k < 1000; ++k) input += " " + std::to_string(k);
-  input += " ]";
-  RecordingParser p(input);
-  Array<int32_t> a;
-  ASSERT_EQ(p.primed().match(a, -1, 1), 1000);
-  EXPECT_EQ(a.data[999], 999);
 }
 
 }  // namespace

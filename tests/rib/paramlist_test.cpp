@@ -79,13 +79,6 @@ TEST(ParameterList, IncompletePointFailsOnItsThirdComponent) {
   EXPECT_EQ(r.parser.token, LEXKEYWORD);
 }
 
-TEST(ParameterList, IntegerValue) {
-  ListRead r("\"gridsize\" [ 16 ]");
-  ASSERT_EQ(r.result, 1);
-  EXPECT_EQ(r.list.sizes.data[0], 1);
-  EXPECT_EQ(*static_cast<const int32_t*>(r.list.values.data[0]), 16);
-}
-
 TEST(ParameterList, StringValueIsOneBlockWithItsPointerAtTheHead) {
   ListRead r("\"texturename\" \"grid.tx\"");
   ASSERT_EQ(r.result, 1);
@@ -376,16 +369,6 @@ TEST_P(VerifyTable, ResultAndReport) {
 
 INSTANTIATE_TEST_SUITE_P(Verify, VerifyTable, ::testing::ValuesIn(kVerifyCases),
                          [](const auto& info) { return std::string(info.param.name); });
-
-TEST(TokenValue, AppendCopiesTheValueAndKeepsTheTokenPointer) {
-  tokenvalue tv;
-  float p[6] = {1, 2, 3, 4, 5, 6};
-  tv.append(RI_P, TypePoint, 2, reinterpret_cast<void* const*>(p));
-  p[0] = 99;
-  expectParallel(tv, 1);
-  EXPECT_EQ(tv.tokens.data[0], RI_P);
-  EXPECT_EQ(floatsOf(tv, 0, 6), (std::vector<float>{1, 2, 3, 4, 5, 6}));
-}
 
 TEST(TokenValue, StringAppendAlwaysCountsOne) {
   tokenvalue tv;

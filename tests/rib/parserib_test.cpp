@@ -36,16 +36,6 @@ TEST(ParserDriver, EveryRequestWordReachesItsOwnHandler) {
   EXPECT_TRUE(reports.lines().empty());
 }
 
-TEST(ParserDriver, KeywordTableHoldsTheNinetyThreeWordsFindableThroughTheHash) {
-  RecordingParser p("");
-  for (const std::string& name : allRequestNames()) {
-    parserib::keyword_assoc probe{String(name.c_str()), nullptr};
-    const parserib::keyword_assoc* found = p.keywords.find(probe);
-    ASSERT_NE(found, nullptr) << name;
-    EXPECT_NE(found->handler, nullptr) << name;
-  }
-}
-
 TEST(ParserDriver, OneStatementPerCall) {
   RecordingParser p("WorldBegin Sphere WorldEnd");
   EXPECT_EQ(p.parse1(), 1);
@@ -81,14 +71,6 @@ TEST(ParserRecovery, RequestNamesAreCaseSensitive) {
   p.parseAll();
   EXPECT_EQ(reports.lines(), Names{"RIB error: undefined RIB request at line 1 'sphere'"});
   EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
-}
-
-TEST(ParserRecovery, SkipsStringsBracketsAndUndefinedWordsSilently) {
-  ReportCollector reports;
-  RecordingParser p("Bogus \"x\" [ 1 [ ] ] other words 2.5 FrameEnd");
-  p.parseAll();
-  EXPECT_EQ(reports.lines().size(), 1u);
-  EXPECT_EQ(p.ranNames(), Names{"FrameEnd"});
 }
 
 TEST(ParserRecovery, FailedArgumentDropsTheRequestAndTheRestOfItsArguments) {
@@ -155,15 +137,6 @@ TEST(ParserRecovery, ScannerErrorsDuringRecoveryAreEachReportedAndSkipped) {
   EXPECT_EQ(p.ranNames(), Names{"WorldBegin"});
 }
 
-TEST(ParserRecovery, ExceptionOfCodeZeroOnlyResynchronises) {
-  ReportCollector reports;
-  RecordingParser p("Sphere 1 2 3 WorldEnd");
-  p.on("Sphere", [](RecordingParser&) { throw lexanrib::exception(0, 0, nullptr); });
-  p.parseAll();
-  EXPECT_TRUE(reports.lines().empty());
-  EXPECT_EQ(p.ranNames(), (Names{"Sphere", "WorldEnd"}));
-}
-
 TEST(ParserRecovery, ExceptionFromAHandlerIsReportedWithItsCodeAndSeverity) {
   ReportCollector reports;
   RecordingParser p("Sphere 1 2 3 WorldEnd");
@@ -205,44 +178,6 @@ TEST(ParserDriver, FailureHandlerIsInForceOnlyDuringACall) {
   std::new_handler after = std::set_new_handler(before);
   EXPECT_EQ(during, &parserib::outOfMemory);
   EXPECT_EQ(after, &sentinelHandler);
-}
-
-TEST(ParserDriver, OutOfMemoryRaisesCode13) {
-  try {
-    parserib::outOfMemory();
-    FAIL() << "no exception";
-  } catch (const RIBException& e) {
-    EXPECT_EQ(e.code, 13);
-    EXPECT_EQ(e.severity, 3);
-    EXPECT_STREQ(static_cast<const char*>(e.message), "Free store exhausted");
-  }
-}
-
-TEST(ParserDriver, ErrorPrinterIsClassWideAndOutlivesTheParser) {
-  void (*saved)(const char*) = lexanrib::RIBErrorPrinter;
-  static std::vector<std::string> seen;
-  auto printer = [](const char* line) { seen.emplace_back(line); };
-  {
-    RecordingParser p("");
-    p.errorPrinter(printer);
-  }
-  RecordingParser other("Bogus");
-  other.parseAll();
-  lexanrib::RIBErrorPrinter = saved;
-  EXPECT_EQ(seen, Names{"RIB error: undefined RIB request at line 1 'Bogus'"});
-}
-
-TEST(ParserDriver, StartValuesOfTheMembers) {
-  RecordingParser p("WorldEnd");
-  EXPECT_EQ(p.colorsamples, 3);
-  EXPECT_EQ(p.ustep, 3);
-  EXPECT_EQ(p.vstep, 3);
-  EXPECT_EQ(p.token, LEXNONE);
-  EXPECT_EQ(p.lastlight, 0);
-  EXPECT_EQ(p.lastobject, 0);
-  EXPECT_EQ(p.keywords.size, 111);
-  EXPECT_EQ(p.lights.size, 111);
-  EXPECT_EQ(p.objects.size, 111);
 }
 
 }  // namespace
