@@ -140,12 +140,4 @@ TEST(TransformRequests, BracketsAreRequiredOptionalOrRefusedByRequest) {
   EXPECT_EQ(c.ops(), (Ops{"Skew", "Scale"}));
 }
 
-TEST(AttributeRequests, MatteAndSidesCheckTheirNumbers) {
-  Conversion c = convert("Matte 2 Sides 1.5 Matte 1 Sides 2");
-  EXPECT_EQ(c.log, (Lines{"RIB error: general syntactic error at line 1 '2': Expected Boolean",
-                          "RIB error: general syntactic error at line 1 '1.5': "
-                          "Expected integer"}));
-  EXPECT_EQ(c.ops(), (Ops{"MatteObject", "Backface"}));
-}
-
 }  // namespace

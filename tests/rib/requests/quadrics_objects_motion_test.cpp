@@ -155,12 +155,4 @@ TEST(MotionRequests, TimesMustStandInBrackets) {
   EXPECT_EQ(one.ops(), (Ops{"Color"}));
 }
 
-TEST(SolidRequests, AnyOperationWordIsPassedOn) {
-  Conversion c = convert(
-      "SolidBegin \"primitive\" SolidBegin \"whatever\" SolidEnd SolidEnd "
-      "SolidBegin 3 WorldBegin");
-  EXPECT_EQ(c.log, (Lines{"RIB error: general syntactic error at line 1 '3': Expected String"}));
-  EXPECT_EQ(c.ops(), (Ops{"SceneBegin"}));
-}
-
 }  // namespace
