@@ -146,6 +146,18 @@ TEST_P(NestingFault, IsReportedAndRecorded) {
 INSTANTIATE_TEST_SUITE_P(Nesting, NestingFault, ::testing::ValuesIn(kFaults),
                          [](const auto& info) { return std::string(info.param.name); });
 
+TEST_F(ZelTest, NestingDeeperThanTrackedStillPairs) {
+  zelDiscardOutput();
+  const int depth = 70000;  // past the depth whose kinds are kept
+  _zelSceneBegin();
+  for (int i = 0; i < depth; ++i) i % 2 ? _zelAttributePush() : _zelMatrixPush();
+  for (int i = depth - 1; i >= 0; --i) i % 2 ? _zelAttributePop() : _zelMatrixPop();
+  EXPECT_TRUE(gReportLines.empty());
+  _zelSceneEnd();
+  _zelMatrixPop();
+  EXPECT_EQ(gReportLines, std::vector<std::string>{"ZEL error: MatrixPop with no MatrixPush open"});
+}
+
 TEST_F(ZelTest, IgnoreModeRecordsWithoutAWord) {
   _zelErrorHandler(0x0B0F, 0x0C00);
   _zelAttributePop();
