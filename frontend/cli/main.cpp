@@ -67,9 +67,7 @@ int finish(conversion& c, const options& o) {
   }
 }
 
-int convert(const options& o) {
-  progressline progress(isatty(STDERR_FILENO) == 1, writeError, progressline::clock::now());
-  gProgress = &progress;
+int convert(const options& o, progressline& progress) {
   conversion::request r;
   r.input = o.input;
   r.output = o.output;
@@ -87,9 +85,7 @@ int convert(const options& o) {
     progress.update(c.bytesRead(), c.progress(), progressline::clock::now());
   }
   progress.erase();
-  int status = finish(c, o);
-  gProgress = nullptr;
-  return status;
+  return finish(c, o);
 }
 
 }  // namespace
@@ -107,5 +103,9 @@ int main(int argc, char** argv) {
   }
   if (!problem.empty()) return usageError(problem);
   catchInterrupt();
-  return convert(o);
+  progressline progress(isatty(STDERR_FILENO) == 1, writeError, progressline::clock::now());
+  gProgress = &progress;
+  int status = convert(o, progress);
+  gProgress = nullptr;
+  return status;
 }
