@@ -27,16 +27,16 @@ struct ByteTables {
       cls[c] = c >= 0x80 ? kWordEnd : 0;
     }
     for (unsigned char c : {'\t', ' ', '\r'}) action[c] = kSkip;
-    action['\n'] = kNewline;
-    action['#'] = kComment;
-    action['"'] = kQuote;
+    action[uint8_t{'\n'}] = kNewline;
+    action[uint8_t{'#'}] = kComment;
+    action[uint8_t{'"'}] = kQuote;
     for (unsigned char c : {'+', '-', '.'}) action[c] = kNumber;
     for (int c = '0'; c <= '9'; ++c) {
       action[c] = kNumber;
       cls[c] |= kDigit;
     }
-    action['['] = kBracket;
-    action[']'] = kBracket;
+    action[uint8_t{'['}] = kBracket;
+    action[uint8_t{']'}] = kBracket;
     for (unsigned char c : {'\t', '\n', '\r', ' ', '"', '#', '[', ']'})
       cls[c] |= kWordEnd | kNumberEnd;
     for (unsigned char c : {'"', '\\', '\r', '\n'}) cls[c] |= kStringStop;
