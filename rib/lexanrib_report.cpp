@@ -17,6 +17,10 @@ constexpr size_t kStep = 124;
 template <size_t N>
 class LineBuffer {
  public:
+  // Not a default member initializer: clang 14 sizes the zero-fill of a
+  // string-literal initializer of a dependent array from another instance
+  // of the template and overruns the smaller buffer.
+  LineBuffer() { buf_[0] = '\0'; }
   void add(const char* s, size_t n) {
     if (n > N - 1 - len_) n = N - 1 - len_;
     std::memcpy(buf_ + len_, s, n);
@@ -27,7 +31,7 @@ class LineBuffer {
   const char* c_str() const { return buf_; }
 
  private:
-  char buf_[N] = "";
+  char buf_[N];
   size_t len_ = 0;
 };
 
