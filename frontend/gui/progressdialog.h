@@ -1,0 +1,47 @@
+// The modal "Conversion Status" dialog, which runs one conversion from the
+// event loop's idle time so that Cancel and repainting stay live without a
+// second thread. When the input ends it shows the outcome and OK in place of
+// Cancel; Cancel (or closing the dialog) stops the conversion between two
+// statements.
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <QTimer>
+#include <memory>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class conversion;
+
+class TProgressDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  // Opens the input and names the output to the scene library; reads no RIB.
+  TProgressDialog(QWidget* parent, const QString& inputPath, const QString& outputPath);
+  ~TProgressDialog() override;
+
+  // "Converting a.rib to b.zel", with the file names only.
+  static QString convertingText(const QString& inputPath, const QString& outputPath);
+
+  // True once the conversion has ended and OK is offered.
+  bool isFinished() const { return fFinished; }
+
+  // Every way of closing ends here: a conversion still running is cancelled.
+  void done(int result) override;
+
+ private:
+  void IdleAction();
+  void showEnd(const QString& text);
+  void showProgress();
+
+  std::unique_ptr<conversion> fRib;  // null once ended or cancelled
+  QLabel* fStatus;
+  QProgressBar* fProgress;
+  QPushButton* fCancel;
+  QPushButton* fOk;
+  QTimer fIdle;
+  bool fFinished = false;
+};

@@ -1,0 +1,133 @@
+#include "frontend/gui/rendapp.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMessageBox>
+
+#include "frontend/gui/aboutdialog.h"
+#include "frontend/gui/msgwindow.h"
+#include "frontend/gui/progressdialog.h"
+#include "frontend/gui/rendedit.h"
+#include "frontend/gui/rendframe.h"
+#include "interface/error.h"
+#include "zel/zellib.h"
+
+TRendApp* gApp = nullptr;
+
+// The icon lives in a static library, whose resources are linked only when
+// something calls their initialiser. It must be declared outside any namespace.
+static void initResources() {
+  Q_INIT_RESOURCE(gui);
+}
+
+namespace {
+
+constexpr int kLogColumns = 80;
+constexpr int kLogLines = 24;
+
+// The warning that ends Convert when the output cannot be written; the
+// detail says why.
+void warnFileError(QWidget* parent, const QString& detail) {
+  QMessageBox box(QMessageBox::Warning, "File Error", "Unable to open file", QMessageBox::Ok,
+                  parent);
+  box.setInformativeText(detail);
+  box.exec();
+}
+
+}  // namespace
+
+TRendApp::TRendApp(int& argc, char** argv)
+    : QApplication(argc, argv), fInputData(inputFileData()), fOutputData(outputFileData()) {
+  gApp = this;
+  initResources();
+  setApplicationName("RIB to ZEL");
+  setWindowIcon(programIcon());
+  // A conversion routes both to the same place while it runs.
+  setMessageSink(&showRibMessage);
+  zelSetMessageSink(&showRibMessage);
+}
+
+TRendApp::~TRendApp() {
+  setMessageSink(nullptr);
+  zelSetMessageSink(nullptr);
+  if (gMsgWindow) delete gMsgWindow->window();
+  delete fFrame;
+  gApp = nullptr;
+}
+
+int TRendApp::Run() {
+  InitMainWindow();
+  fFrame->show();
+  return exec();
+}
+
+void TRendApp::InitMainWindow() {
+  fEdit = new TRendEdit(kLogColumns, kLogLines);
+  fFrame = new TRendFrame(applicationName(), fEdit);
+  buildMenu();
+  fitToClient(fFrame);
+}
+
+void TRendApp::buildMenu() {
+  QMenu* file = fFrame->menuBar()->addMenu("&File");
+  QAction* convert = file->addAction("&Convert");
+  convert->setObjectName("convert");
+  convert->setShortcut(Qt::Key_F12);
+  convert->setStatusTip("Convert RIB file ZEL file");
+  connect(convert, &QAction::triggered, this, &TRendApp::CmConvert);
+  file->addSeparator();
+  QAction* exit = file->addAction("E&xit");
+  exit->setObjectName("exit");
+  exit->setStatusTip("Exit RIB to Zelvane");
+  connect(exit, &QAction::triggered, fFrame, &QWidget::close);
+
+  QMenu* help = fFrame->menuBar()->addMenu("&Help");
+  QAction* about = help->addAction("&About...");
+  about->setObjectName("about");
+  about->setStatusTip("Display version and copyright information");
+  connect(about, &QAction::triggered, this, &TRendApp::CmAbout);
+}
+
+void TRendApp::print(const char* line) {
+  gApp->fEdit->print(line);
+}
+
+QIcon TRendApp::programIcon() {
+  return QIcon(":/rib2zel.png");
+}
+
+void TRendApp::CmConvert() {
+  fInputData.fileName.clear();
+  if (!fChooseFile(fFrame, fInputData)) return;
+  fOutputData.fileName.clear();
+  if (!fChooseFile(fFrame, fOutputData)) return;
+  if (!outputUsable()) return;
+  fEdit->clear();
+  TProgressDialog dialog(fFrame, fInputData.fileName, fOutputData.fileName);
+  TRendFrame::fProgressDialog = &dialog;
+  dialog.exec();
+  TRendFrame::fProgressDialog = nullptr;
+}
+
+// Proves that the output can be written by creating or emptying it. The
+// input is looked at first, for emptying it would lose it.
+bool TRendApp::outputUsable() {
+  const QString& output = fOutputData.fileName;
+  QFileInfo in(fInputData.fileName);
+  QFileInfo out(output);
+  if (out.exists() && in.canonicalFilePath() == out.canonicalFilePath()) {
+    warnFileError(fFrame, output + " is the input file.");
+    return false;
+  }
+  QFile test(output);
+  if (!test.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    warnFileError(fFrame, output + ": " + test.errorString());
+    return false;
+  }
+  return true;
+}
+
+void TRendApp::CmAbout() {
+  makeAboutDialog(fFrame)->exec();
+}

@@ -1,0 +1,20 @@
+// The main window: its whole client area is the log.
+#pragma once
+
+#include <QMainWindow>
+
+class TProgressDialog;
+
+class TRendFrame : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  TRendFrame(const QString& title, QWidget* client);
+
+  // The running conversion dialog, null at all other times.
+  static TProgressDialog* fProgressDialog;
+};
+
+// Sizes a window around its client's wish. Qt would cut a window that is
+// shown unsized to two thirds of the screen; 80 columns must fit.
+void fitToClient(QMainWindow* frame);

@@ -1,0 +1,185 @@
+// Convert from end to end: the two paths, the output test, the status dialog
+// with its idle loop, Cancel, and the log.
+#include <QLabel>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QtTest>
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "frontend/gui/progressdialog.h"
+#include "frontend/gui/rendapp.h"
+#include "frontend/gui/rendedit.h"
+#include "frontend/gui/rendframe.h"
+#include "tests/frontend/gui/guitest.h"
+#include "tests/frontend/gui/suites.h"
+#include "tests/frontend/testdata.h"
+
+namespace {
+
+std::vector<std::string> opsOf(const QString& zelPath) {
+  return sceneops(readAll(zelPath).toStdString());
+}
+
+long countOf(const std::vector<std::string>& ops, const std::string& op) {
+  return std::count(ops.begin(), ops.end(), op);
+}
+
+}  // namespace
+
+class ConvertTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aGoodFileEndsWithSuccessAndAnEmptyLog() {
+    scratch dir;
+    QString out = dir.file("b.zel");
+    convertresult r = convert(dir.write("a.rib", spheres(3)), out);
+    QVERIFY(r.dialogShown);
+    QCOMPARE(r.status, QString("Success."));
+    QCOMPARE(r.log, QString());
+    QCOMPARE(countOf(opsOf(out), "SphereV"), 3);
+    QVERIFY(!TRendFrame::fProgressDialog);
+  }
+
+  void aFaultyFilePutsItsLinesInTheLog() {
+    scratch dir;
+    QString out = dir.file("b.zel");
+    convertresult r = convert(
+        dir.write("a.rib", "WorldBegin\nBogus\nSphere 1 -1 1 360\nSphere 1 -1 x 360\nWorldEnd\n"),
+        out);
+    QCOMPARE(r.status, QString("There are warning/error messages."));
+    QCOMPARE(r.log,
+             QString("RIB error: undefined RIB request at line 1 'Bogus'\n"
+                     "RIB error: incorrect parameter value at line 4 'x': Expected 4 floats"));
+    QCOMPARE(countOf(opsOf(out), "SphereV"), 1);
+    // The log keeps the lines after the dialog has gone.
+    QCOMPARE(gApp->fEdit->toPlainText(), r.log);
+  }
+
+  void theStatusLineNamesTheFilesWithoutTheirFolders() {
+    QCOMPARE(TProgressDialog::convertingText("/home/me/scenes/a.rib", "b.zel"),
+             QString("Converting a.rib to b.zel"));
+    QCOMPARE(TProgressDialog::convertingText("a.rib", "/tmp/out/b.zel"),
+             QString("Converting a.rib to b.zel"));
+  }
+
+  void cancelWhileRunningStopsBetweenStatementsAndKeepsWholeRecords() {
+    scratch dir;
+    const int total = 200000;
+    QString out = dir.file("out.zel");
+    int progressAtCancel = -1;
+    QString status;
+    bool okShown = true;
+    convertresult r = convert(dir.write("in.rib", spheres(total)), out, [&](TProgressDialog& d) {
+      int value = d.findChild<QProgressBar*>("progress")->value();
+      if (value < 100 || progressAtCancel >= 0) return;
+      progressAtCancel = value;
+      status = d.findChild<QLabel*>("status")->text();
+      okShown = d.findChild<QPushButton*>("ok")->isVisible();
+      QPushButton* cancel = d.findChild<QPushButton*>("cancel");
+      QVERIFY(cancel->isVisible());
+      cancel->click();
+    });
+    QVERIFY(r.dialogShown);
+    QCOMPARE(status, QString("Converting in.rib to out.zel"));
+    QVERIFY(!okShown);
+    QVERIFY(progressAtCancel >= 100);
+    QVERIFY(progressAtCancel < 1000);
+    QVERIFY(!TRendFrame::fProgressDialog);
+    std::vector<std::string> ops;
+    try {
+      ops = opsOf(out);  // throws unless every record is whole
+    } catch (const std::exception& e) {
+      QFAIL(e.what());
+    }
+    long converted = countOf(ops, "SphereV");
+    QVERIFY(converted > 0);
+    QVERIFY(converted < total);
+    QCOMPARE(ops.back(), std::string("SphereV"));
+    QCOMPARE(countOf(ops, "WorldEnd"), 0);
+  }
+
+  void anUnwritableOutputShowsTheWarningAndConvertsNothing() {
+    scratch dir;
+    convert(dir.write("bad.rib", "Bogus\n"), dir.file("bad.zel"));
+    QString logBefore = gApp->fEdit->toPlainText();
+    QVERIFY(!logBefore.isEmpty());
+
+    QString in = dir.write("a.rib", spheres(1));
+    convertresult r;
+    bool warned = answerModal([&] { r = convert(in, dir.file("missing/b.zel")); },
+                              [](QWidget& modal) {
+                                auto* box = qobject_cast<QMessageBox*>(&modal);
+                                QVERIFY(box);
+                                QCOMPARE(box->windowTitle(), QString("File Error"));
+                                QCOMPARE(box->text(), QString("Unable to open file"));
+                                QCOMPARE(box->icon(), QMessageBox::Warning);
+                              });
+    QVERIFY(warned);
+    QVERIFY(!r.dialogShown);
+    QCOMPARE(gApp->fEdit->toPlainText(), logBefore);
+  }
+
+  void theOutputMayNotBeTheInput() {
+    scratch dir;
+    QByteArray rib = spheres(2);
+    QString in = dir.write("a.rib", rib);
+    convertresult r;
+    bool warned = answerModal([&] { r = convert(in, in); },
+                              [](QWidget& modal) {
+                                auto* box = qobject_cast<QMessageBox*>(&modal);
+                                QVERIFY(box);
+                                QCOMPARE(box->text(), QString("Unable to open file"));
+                              });
+    QVERIFY(warned);
+    QVERIFY(!r.dialogShown);
+    QCOMPARE(readAll(in), rib);
+  }
+
+  void cancellingAFileDialogChangesNothing() {
+    scratch dir;
+    convert(dir.write("bad.rib", "Bogus\n"), dir.file("bad.zel"));
+    QString logBefore = gApp->fEdit->toPlainText();
+    QString out = dir.write("kept.zel", "old");
+    for (bool refuseSave : {false, true}) {
+      gApp->fChooseFile = [&](QWidget*, TOpenSaveData& data) {
+        data.fileName = data.save ? out : dir.file("bad.rib");
+        return refuseSave ? !data.save : false;
+      };
+      gApp->CmConvert();
+      QCOMPARE(gApp->fEdit->toPlainText(), logBefore);
+      QCOMPARE(readAll(out), QByteArray("old"));
+    }
+  }
+
+  void aSecondConversionStartsWithAnEmptyLog() {
+    scratch dir;
+    convertresult first = convert(dir.write("bad.rib", "Bogus\n"), dir.file("1.zel"));
+    QCOMPARE(first.status, QString("There are warning/error messages."));
+    convertresult second = convert(dir.write("good.rib", "Declare \"carried\" \"uniform float\"\n"),
+                                   dir.file("2.zel"));
+    QCOMPARE(second.status, QString("Success."));
+    QCOMPARE(second.log, QString());
+  }
+
+  void conversionsShareTheDeclaredTokens() {
+    // An undeclared parameter would fail the request; the declaration of the
+    // previous conversion is still known.
+    scratch dir;
+    convert(dir.write("declare.rib", "Declare \"shared\" \"uniform float\"\n"), dir.file("1.zel"));
+    QString out = dir.file("2.zel");
+    convertresult r = convert(
+        dir.write("use.rib", "WorldBegin\nSurface \"plastic\" \"shared\" 1\nWorldEnd\n"), out);
+    QCOMPARE(r.status, QString("Success."));
+    QCOMPARE(countOf(opsOf(out), "SurfaceV"), 1);
+  }
+};
+
+QObject* makeConvertTest() {
+  return new ConvertTest;
+}
+
+#include "convert_test.moc"

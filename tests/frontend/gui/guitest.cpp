@@ -1,0 +1,90 @@
+#include "tests/frontend/gui/guitest.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+
+#include "frontend/gui/progressdialog.h"
+#include "frontend/gui/rendapp.h"
+#include "frontend/gui/rendedit.h"
+#include "frontend/gui/rendframe.h"
+
+namespace {
+
+constexpr int kPollMs = 2;
+// Longer than any conversion here takes, even under the sanitizers.
+constexpr int kGiveUpMs = 120'000;
+
+}  // namespace
+
+QString scratch::write(const QString& name, const QByteArray& bytes) const {
+  QString path = file(name);
+  QFile f(path);
+  if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size())
+    qFatal("cannot write test file");
+  return path;
+}
+
+QByteArray readAll(const QString& path) {
+  QFile f(path);
+  return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+convertresult convert(const QString& input, const QString& output,
+                      const std::function<void(TProgressDialog&)>& running) {
+  gApp->fChooseFile = [input, output](QWidget*, TOpenSaveData& data) {
+    data.fileName = data.save ? output : input;
+    return true;
+  };
+  convertresult result;
+  QTimer poll;
+  poll.setInterval(kPollMs);
+  QObject::connect(&poll, &QTimer::timeout, [&] {
+    TProgressDialog* dialog = TRendFrame::fProgressDialog;
+    if (!dialog || !dialog->isVisible()) return;
+    result.dialogShown = true;
+    if (!dialog->isFinished()) {
+      if (running) running(*dialog);
+      return;
+    }
+    result.status = dialog->findChild<QLabel*>("status")->text();
+    result.log = gApp->fEdit->toPlainText();
+    dialog->findChild<QPushButton*>("ok")->click();
+  });
+  QTimer giveUp;
+  giveUp.setSingleShot(true);
+  QObject::connect(&giveUp, &QTimer::timeout, [] {
+    if (TRendFrame::fProgressDialog) TRendFrame::fProgressDialog->reject();
+  });
+  poll.start();
+  giveUp.start(kGiveUpMs);
+  gApp->fFrame->findChild<QAction*>("convert")->trigger();
+  return result;
+}
+
+bool answerModal(const std::function<void()>& action,
+                 const std::function<void(QWidget& modal)>& answer) {
+  bool seen = false;
+  QTimer poll;
+  poll.setInterval(kPollMs);
+  QObject::connect(&poll, &QTimer::timeout, [&] {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (!modal || seen) return;
+    seen = true;
+    answer(*modal);
+    modal->close();
+  });
+  poll.start();
+  action();
+  return seen;
+}
+
+QByteArray spheres(int n) {
+  QByteArray rib = "WorldBegin\n";
+  for (int i = 0; i < n; ++i) rib += "Sphere 1 -1 1 360\n";
+  return rib + "WorldEnd\n";
+}

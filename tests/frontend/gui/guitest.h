@@ -1,0 +1,44 @@
+// Helpers of the desktop program's tests. They run inside one TRendApp, as
+// conversions in one run of the program do, and answer the modal dialogs from
+// timers, since a modal run returns only when its dialog closes.
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+#include <functional>
+
+class QWidget;
+class TProgressDialog;
+
+// A fresh folder for one test, removed afterwards.
+class scratch {
+ public:
+  QString file(const QString& name) const { return dir_.filePath(name); }
+  // Writes bytes to a file in the folder and returns its path.
+  QString write(const QString& name, const QByteArray& bytes) const;
+
+ private:
+  QTemporaryDir dir_;
+};
+
+QByteArray readAll(const QString& path);
+
+struct convertresult {
+  bool dialogShown = false;
+  QString status;  // the status line when the dialog had finished
+  QString log;     // the main window's log at that moment
+};
+
+// Runs File, Convert with the two paths in place of the file dialogs. When the
+// dialog has finished, notes the outcome and presses OK. While it runs,
+// `running` is called now and then; it may close the dialog.
+convertresult convert(const QString& input, const QString& output,
+                      const std::function<void(TProgressDialog&)>& running = {});
+
+// Calls `answer` with the first modal widget that comes up while `action`
+// runs, then closes that widget. Returns false when none came up.
+bool answerModal(const std::function<void()>& action,
+                 const std::function<void(QWidget& modal)>& answer);
+
+// "WorldBegin", n spheres, "WorldEnd": one statement a line.
+QByteArray spheres(int n);

@@ -1,0 +1,167 @@
+// The main window, its menu, the About box and the file dialogs.
+#include <QAction>
+#include <QFileDialog>
+#include <QLabel>
+#include <QListView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QtTest>
+
+#include "frontend/gui/filedialogs.h"
+#include "frontend/gui/rendapp.h"
+#include "frontend/gui/rendedit.h"
+#include "frontend/gui/rendframe.h"
+#include "tests/frontend/gui/guitest.h"
+#include "tests/frontend/gui/suites.h"
+
+namespace {
+
+QStringList actionTexts(const QMenu* menu) {
+  QStringList texts;
+  for (const QAction* a : menu->actions()) texts << (a->isSeparator() ? "-" : a->text());
+  return texts;
+}
+
+QAction* action(const char* name) {
+  return gApp->fFrame->findChild<QAction*>(name);
+}
+
+// The names the dialog lists in its folder, once the folder has been read.
+QStringList listed(QFileDialog& dialog) {
+  auto* view = dialog.findChild<QListView*>("listView");
+  QStringList names;
+  if (!view || !view->model()) return names;
+  QModelIndex root = view->rootIndex();
+  for (int row = 0; row < view->model()->rowCount(root); ++row)
+    names << view->model()->index(row, 0, root).data().toString();
+  names.sort();
+  return names;
+}
+
+}  // namespace
+
+class MainWindowTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void theLogIsTheWholeClientAreaAndReadOnly() {
+    TRendFrame* frame = gApp->fFrame;
+    QCOMPARE(frame->windowTitle(), QString("RIB to ZEL"));
+    QCOMPARE(frame->centralWidget(), gApp->fEdit);
+    QVERIFY(gApp->fEdit->isReadOnly());
+  }
+
+  void theLogShowsEightyColumnsByTwentyFourLines() {
+    QVERIFY(QTest::qWaitForWindowExposed(gApp->fFrame));
+    TRendEdit* log = gApp->fEdit;
+    QFontMetrics metrics(log->font());
+    QWidget* page = log->viewport();
+    int margin = 2 * static_cast<int>(log->document()->documentMargin());
+    int scrollBar = log->verticalScrollBar()->sizeHint().width();
+    QVERIFY(page->width() - margin - scrollBar >= 80 * metrics.averageCharWidth());
+    QVERIFY(page->width() - margin - scrollBar < 82 * metrics.averageCharWidth());
+    QVERIFY(page->height() - margin >= 24 * metrics.lineSpacing());
+    QVERIFY(page->height() - margin < 25 * metrics.lineSpacing());
+  }
+
+  void theMenusHoldTheCommandsWithTheirKeysAndHints() {
+    QList<QAction*> menus = gApp->fFrame->menuBar()->actions();
+    QCOMPARE(menus.size(), 2);
+    QCOMPARE(menus[0]->text(), QString("&File"));
+    QCOMPARE(actionTexts(menus[0]->menu()), QStringList({"&Convert", "-", "E&xit"}));
+    QCOMPARE(menus[1]->text(), QString("&Help"));
+    QCOMPARE(actionTexts(menus[1]->menu()), QStringList({"&About..."}));
+    QCOMPARE(action("convert")->shortcut(), QKeySequence(Qt::Key_F12));
+
+    const struct {
+      const char* action;
+      const char* hint;
+    } hints[] = {
+        {"convert", "Convert RIB file ZEL file"},
+        {"about", "Display version and copyright information"},
+        {"exit", "Exit RIB to Zelvane"},
+    };
+    for (const auto& h : hints) {
+      QVERIFY(action(h.action)->showStatusText(gApp->fFrame));
+      QCOMPARE(gApp->fFrame->statusBar()->currentMessage(), QString(h.hint));
+    }
+  }
+
+  void theAboutBoxShowsNameVersionAndIcon() {
+    bool shown = answerModal([] { action("about")->trigger(); },
+                             [](QWidget& box) {
+                               QCOMPARE(box.windowTitle(), QString("About RIB to Zelvane"));
+                               QCOMPARE(box.findChild<QLabel*>("version")->text(),
+                                        QString("RIB to Zelvane Version 1.01"));
+                               QVERIFY(!box.findChild<QLabel*>("icon")->pixmap().isNull());
+                               QCOMPARE(box.findChild<QPushButton*>("ok")->text(), QString("OK"));
+                             });
+    QVERIFY(shown);
+  }
+
+  void exitClosesTheMainWindow() {
+    action("exit")->trigger();
+    QVERIFY(!gApp->fFrame->isVisible());
+    gApp->fFrame->show();
+    QVERIFY(QTest::qWaitForWindowExposed(gApp->fFrame));
+  }
+
+  void theOpenDialogAsksForAnExistingRibFile() {
+    auto dialog = makeFileDialog(gApp->fFrame, gApp->fInputData);
+    QCOMPARE(dialog->nameFilters(), QStringList({"RIB Files (*.RIB)", "All Files (*)"}));
+    QCOMPARE(dialog->selectedNameFilter(), QString("RIB Files (*.RIB)"));
+    QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
+    QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptOpen);
+  }
+
+  void theSaveDialogConfirmsOverwritingAndAddsNoExtension() {
+    auto dialog = makeFileDialog(gApp->fFrame, gApp->fOutputData);
+    QCOMPARE(dialog->nameFilters(), QStringList({"Scene Files (*.ZEL)", "All Files (*)"}));
+    QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+    QVERIFY(!dialog->testOption(QFileDialog::DontConfirmOverwrite));
+    QCOMPARE(dialog->defaultSuffix(), QString());
+  }
+
+  void theFiltersMatchNamesWhateverTheirCase() {
+    scratch dir;
+    for (const char* name : {"scene.rib", "SHOT.RIB", "Mixed.Rib", "notes.txt", "out.zel"})
+      dir.write(name, "");
+    TOpenSaveData input = gApp->fInputData;
+    input.directory = dir.file("");
+    auto open = makeFileDialog(nullptr, input);
+    QTRY_COMPARE(listed(*open), QStringList({"Mixed.Rib", "SHOT.RIB", "scene.rib"}));
+
+    TOpenSaveData output = gApp->fOutputData;
+    output.directory = dir.file("");
+    auto save = makeFileDialog(nullptr, output);
+    QTRY_COMPARE(listed(*save), QStringList({"out.zel"}));
+  }
+
+  void aChosenFilterIsOfferedAgainNextTime() {
+    scratch dir;
+    QString path = dir.write("scene.rib", "");
+    TOpenSaveData data = gApp->fInputData;
+    data.directory = dir.file("");
+    bool shown = answerModal([&] { QVERIFY(runFileDialog(nullptr, data)); },
+                             [&](QWidget& modal) {
+                               auto& dialog = static_cast<QFileDialog&>(modal);
+                               dialog.selectNameFilter("All Files (*)");
+                               dialog.selectFile(path);
+                               static_cast<QDialog&>(dialog).accept();
+                             });
+    QVERIFY(shown);
+    QCOMPARE(data.fileName, path);
+    QCOMPARE(data.selectedFilter, QString("All Files (*)"));
+    auto again = makeFileDialog(nullptr, data);
+    QCOMPARE(again->selectedNameFilter(), QString("All Files (*)"));
+  }
+};
+
+QObject* makeMainWindowTest() {
+  return new MainWindowTest;
+}
+
+#include "mainwindow_test.moc"
