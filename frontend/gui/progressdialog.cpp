@@ -98,8 +98,10 @@ void TProgressDialog::IdleAction() {
   }
   QElapsedTimer spent;
   spent.start();
-  bool more = true;
-  while (more && spent.nsecsElapsed() < kIdleBudgetNs) more = fRib->step();
+  bool more;
+  do {
+    more = fRib->step();
+  } while (more && spent.nsecsElapsed() < kIdleBudgetNs);
   if (more) return showProgress();
   // Only the RIB log decides between the two texts; a failed read or write
   // says why instead.
