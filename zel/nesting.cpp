@@ -119,7 +119,10 @@ int32_t Nesting::newLight() {
 }
 
 std::string Nesting::switchLight(intptr_t handle) const {
-  if (handle < 1 || handle > lastLight_)
+  // Area lights reach the library as handle 0 (their call returns no light),
+  // so switching 0 is a file's ordinary Illuminate of an area light.
+  if (handle == 0) return {};
+  if (handle < 0 || handle > lastLight_)
     return "LightSwitch of unknown light " + std::to_string(handle);
   return {};
 }

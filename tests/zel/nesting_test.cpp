@@ -129,6 +129,7 @@ const Fault kFaults[] = {
      },
      3,
      {"ZEL error: LightSwitch of unknown light 2"}},
+    {"AreaLightSwitch", [] { _zelLightSwitch(handle(0), 1); }, 1, {}},
 };
 
 void PrintTo(const Fault& fault, std::ostream* out) {
