@@ -51,6 +51,26 @@ inline bool is(unsigned char c, uint8_t cls) {
 
 }  // namespace
 
+// Appends c and what follows up to a word end, which is put back and
+// returned; -1 when the stream ended first. The scanner's hottest loop, so
+// it is built into both of its callers.
+__attribute__((always_inline)) inline int lexanrib::scanword(unsigned char c) {
+  bytesource::cursor in(stream);
+  TextCursor out(text);
+  int stop = -1;
+  for (;;) {
+    if (is(c, kWordEnd)) {
+      in.putback(c);
+      stop = c;
+      break;
+    }
+    out.push(c);
+    if (!in.get(c)) break;
+  }
+  out.push('\0');
+  return stop;
+}
+
 lexanrib::lexanrib(bytesource& in, const char* name)
     : RIBErrorHandler(&lexanrib::RIBErrorPrint),
       stream(in),
@@ -126,25 +146,6 @@ void lexanrib::skipcomment() {
 
 void lexanrib::scankeyword(unsigned char c) {
   scanword(c);
-}
-
-// Appends c and what follows up to a word end, which is put back and
-// returned; -1 when the stream ended first.
-int lexanrib::scanword(unsigned char c) {
-  bytesource::cursor in(stream);
-  TextCursor out(text);
-  int stop = -1;
-  for (;;) {
-    if (is(c, kWordEnd)) {
-      in.putback(c);
-      stop = c;
-      break;
-    }
-    out.push(c);
-    if (!in.get(c)) break;
-  }
-  out.push('\0');
-  return stop;
 }
 
 // A memory failure while the string grows is told here, with this code, so

@@ -16,28 +16,21 @@ constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                               1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                               1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr uint64_t kExactMantissa = uint64_t{1} << 53;
-// Below this a mantissa takes one more digit without wrapping.
-constexpr uint64_t kMantissaRoom = 1000000000000000000u;
 constexpr int64_t kExponentLimit = 100000000;
+// Up to this many digits the mantissa cannot wrap: 10^19 < 2^64.
+constexpr size_t kExactDigits = 19;
+
+// A number's value as mantissa times ten to exponent.
+struct Decimal {
+  uint64_t mantissa = 0;  // wrapped when exact is false: the text then decides
+  int64_t exponent = 0;
+  bool exact = true;
+  bool negative = false;
+};
 
 inline bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
-
-// A number's value as mantissa times ten to exponent, while every digit fits.
-struct Decimal {
-  void add(char c) {
-    if (mantissa < kMantissaRoom) {
-      mantissa = mantissa * 10 + static_cast<unsigned>(c - '0');
-    } else {
-      exact = false;
-    }
-  }
-  uint64_t mantissa = 0;
-  int64_t exponent = 0;
-  bool exact = true;  // false: digits were dropped and only the text holds them
-  bool negative = false;
-};
 
 // Whether a number that a double cannot hold is too large rather than too
 // small: the place of its first significant digit plus its exponent decides.
@@ -76,11 +69,26 @@ float toFloat(const Decimal& number, const char* digits, const char* end) {
   return static_cast<float>(number.negative ? -d : d);
 }
 
-// Values beyond 32 bits are held at the nearest limit.
-int32_t toInt(const Decimal& number) {
+// Values beyond 32 bits are held at the nearest limit. digits: the text after
+// the sign, all of them digits.
+int32_t toInt(const Decimal& number, const char* digits, const char* end) {
   const uint64_t limit = number.negative ? uint64_t{1} << 31 : (uint64_t{1} << 31) - 1;
-  uint64_t v = !number.exact || number.mantissa > limit ? limit : number.mantissa;
+  uint64_t v = number.mantissa;
+  if (!number.exact) {  // many digits, perhaps mostly leading zeros
+    while (digits < end && *digits == '0') ++digits;
+    v = end - digits > 10 ? limit : 0;
+    for (; v < limit && digits < end; ++digits) v = v * 10 + static_cast<unsigned>(*digits - '0');
+  }
+  if (v > limit) v = limit;
   return static_cast<int32_t>(number.negative ? -static_cast<int64_t>(v) : static_cast<int64_t>(v));
+}
+
+// Appends a run of digits to the mantissa; returns where the run ends.
+inline const char* takeDigits(const char* p, const char* end, uint64_t& mantissa) {
+  uint64_t m = mantissa;
+  for (; p < end && isDigit(*p); ++p) m = m * 10 + static_cast<unsigned>(*p - '0');
+  mantissa = m;
+  return p;
 }
 
 }  // namespace
@@ -94,32 +102,37 @@ int16_t lexanrib::convertnumber() {
   Decimal number;
   if (p < end && (*p == '+' || *p == '-')) number.negative = *p++ == '-';
   const char* digits = p;
-  bool valid = false, isfloat = false;
-  for (; p < end && isDigit(*p); ++p, valid = true) number.add(*p);
+  p = takeDigits(p, end, number.mantissa);
+  size_t count = p - digits;
+  bool isfloat = false;
   if (p < end && *p == '.') {
     isfloat = true;
-    valid = false;
-    for (++p; p < end && isDigit(*p); ++p, valid = true) {
-      number.add(*p);
-      --number.exponent;
-    }
+    const char* fraction = ++p;
+    p = takeDigits(p, end, number.mantissa);
+    if (p == fraction) return LEXNONE;
+    number.exponent = fraction - p;
+    count += p - fraction;
+  } else if (count == 0) {
+    return LEXNONE;
   }
-  if (valid && p < end && (*p == 'e' || *p == 'E')) {
+  if (p < end && (*p == 'e' || *p == 'E')) {
     isfloat = true;
-    valid = false;
     bool negative = ++p < end && *p == '-';
     if (p < end && (*p == '+' || *p == '-')) ++p;
+    const char* first = p;
     int64_t written = 0;
-    for (; p < end && isDigit(*p); ++p, valid = true) {
+    for (; p < end && isDigit(*p); ++p) {
       if (written < kExponentLimit) written = written * 10 + (*p - '0');
     }
+    if (p == first) return LEXNONE;
     number.exponent += negative ? -written : written;
   }
-  if (!valid || p != end) return LEXNONE;
+  if (p != end) return LEXNONE;
+  number.exact = count <= kExactDigits;
   if (isfloat) {
     floatvalue = toFloat(number, digits, end);
     return LEXFLOAT;
   }
-  intvalue = toInt(number);
+  intvalue = toInt(number, digits, end);
   return LEXINT;
 }
