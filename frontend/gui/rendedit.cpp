@@ -12,7 +12,6 @@ TRendEdit::TRendEdit(int columns, int lines, QWidget* parent)
   setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   // The user can read, select and copy, but not type.
   setReadOnly(true);
-  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
 TRendEdit::~TRendEdit() {
@@ -29,8 +28,9 @@ void TRendEdit::print(const char* line) {
 QSize TRendEdit::sizeHint() const {
   QFontMetrics metrics(font());
   int margin = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
-  int width =
-      fColumns * metrics.averageCharWidth() + margin + verticalScrollBar()->sizeHint().width();
+  // The advance of a whole line, as characters may be fractions of a pixel wide.
+  int width = metrics.horizontalAdvance(QString(fColumns, QChar('M'))) + margin +
+              verticalScrollBar()->sizeHint().width();
   int height = fLines * metrics.lineSpacing() + margin;
   return QSize(width, height);
 }

@@ -6,6 +6,9 @@
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QTimer>
 
 #include "frontend/gui/progressdialog.h"
@@ -34,8 +37,8 @@ QByteArray readAll(const QString& path) {
   return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-convertresult convert(const QString& input, const QString& output,
-                      const std::function<void(TProgressDialog&)>& running) {
+convertresult convert(const QString& input, const QString& output, const dialogcheck& running,
+                      const dialogcheck& finished) {
   gApp->fChooseFile = [input, output](QWidget*, TOpenSaveData& data) {
     data.fileName = data.save ? output : input;
     return true;
@@ -53,6 +56,7 @@ convertresult convert(const QString& input, const QString& output,
     }
     result.status = dialog->findChild<QLabel*>("status")->text();
     result.log = gApp->fEdit->toPlainText();
+    if (finished) finished(*dialog);
     dialog->findChild<QPushButton*>("ok")->click();
   });
   QTimer giveUp;
@@ -87,4 +91,23 @@ QByteArray spheres(int n) {
   QByteArray rib = "WorldBegin\n";
   for (int i = 0; i < n; ++i) rib += "Sphere 1 -1 1 360\n";
   return rib + "WorldEnd\n";
+}
+
+filledtext fill(TRendEdit& edit, int count, int columns) {
+  edit.clear();
+  QByteArray line(columns, 'M');
+  for (int i = 0; i < count; ++i) edit.print(line.constData());
+  edit.verticalScrollBar()->setValue(0);
+  edit.grab();  // lays out what is visible, as painting does
+  filledtext result;
+  result.oneLineEach = true;
+  QRect page = edit.viewport()->rect();
+  for (QTextBlock b = edit.document()->firstBlock(); b.isValid(); b = b.next()) {
+    QRect place = edit.cursorRect(QTextCursor(b));
+    if (!page.contains(place)) break;
+    ++result.linesShown;
+    if (b.layout()->lineCount() != 1) result.oneLineEach = false;
+  }
+  edit.clear();
+  return result;
 }

@@ -9,6 +9,7 @@
 
 class QWidget;
 class TProgressDialog;
+class TRendEdit;
 
 // A fresh folder for one test, removed afterwards.
 class scratch {
@@ -30,10 +31,11 @@ struct convertresult {
 };
 
 // Runs File, Convert with the two paths in place of the file dialogs. When the
-// dialog has finished, notes the outcome and presses OK. While it runs,
-// `running` is called now and then; it may close the dialog.
-convertresult convert(const QString& input, const QString& output,
-                      const std::function<void(TProgressDialog&)>& running = {});
+// dialog has finished, notes the outcome, calls `finished` and presses OK.
+// While it runs, `running` is called now and then; it may close the dialog.
+using dialogcheck = std::function<void(TProgressDialog&)>;
+convertresult convert(const QString& input, const QString& output, const dialogcheck& running = {},
+                      const dialogcheck& finished = {});
 
 // Calls `answer` with the first modal widget that comes up while `action`
 // runs, then closes that widget. Returns false when none came up.
@@ -42,3 +44,12 @@ bool answerModal(const std::function<void()>& action,
 
 // "WorldBegin", n spheres, "WorldEnd": one statement a line.
 QByteArray spheres(int n);
+
+// Fills the text with `count` lines of `columns` characters and looks at it
+// as drawn from the top: how many lines are shown whole, and whether each of
+// them stands on one line of the screen.
+struct filledtext {
+  int linesShown = 0;
+  bool oneLineEach = false;
+};
+filledtext fill(TRendEdit& edit, int count, int columns);
