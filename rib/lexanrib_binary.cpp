@@ -14,7 +14,7 @@ int16_t lexanrib::scanbinary(unsigned char c) {
       return scanbindouble(c);
     case 0xA6: {
       unsigned char code;
-      if (!stream.get(code)) return LEXEOF;
+      if (!stream.get(code)) return LEXEOF;  // cut off before its code: nothing to name
       copytext(requests, code);
       return LEXKEYWORD;
     }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -192,6 +193,32 @@ TEST(LexanribMixed, LineFeedsInBinaryDataCountNothing) {
   Scan scan(bytes({0x80, '\n', 0x92, '\n', '\n', 0xA4, '\n', '\n', '\n', '\n'}) + "\nX");
   EXPECT_EQ(tokens(scan.lex).size(), 5u);
   EXPECT_EQ(scan.lex.line, 2);
+}
+
+}  // namespace
+
+namespace {
+
+// Arbitrary bytes, weighted toward the ones with a meaning, always come to an
+// end without a fault (the sanitizer build watches every access).
+TEST(LexanribMixed, ArbitraryBytesEndCleanly) {
+  const std::string alphabet = std::string("\"\\\n\r #[]+-.e0123456789abc", 25) +
+                               bytes({0x80, 0x83, 0x8F, 0x90, 0x9F, 0xA0, 0xA3, 0xA4, 0xA5, 0xA6,
+                                      0xC8, 0xCB, 0xCC, 0xCD, 0xCE, 0xCF, 0xD0, 0x00});
+  std::mt19937 random(11);
+  Reports reports;
+  for (int round = 0; round < 300; ++round) {
+    std::string input;
+    size_t length = random() % 400;
+    for (size_t i = 0; i < length; ++i) {
+      input +=
+          random() % 4 ? alphabet[random() % alphabet.size()] : static_cast<char>(random() % 256);
+    }
+    Scan scan(input);
+    Words got = tokens(scan.lex, 100000);
+    ASSERT_FALSE(got.empty());
+    EXPECT_EQ(got.back(), "EOF") << "round " << round;
+  }
 }
 
 }  // namespace
