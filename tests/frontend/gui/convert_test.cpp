@@ -71,12 +71,14 @@ class ConvertTest : public QObject {
     const int total = 200000;
     QString out = dir.file("out.zel");
     int progressAtCancel = -1;
+    QString title;
     QString status;
     bool okShown = true;
     convertresult r = convert(dir.write("in.rib", spheres(total)), out, [&](TProgressDialog& d) {
       int value = d.findChild<QProgressBar*>("progress")->value();
       if (value < 100 || progressAtCancel >= 0) return;
       progressAtCancel = value;
+      title = d.windowTitle();
       status = d.findChild<QLabel*>("status")->text();
       okShown = d.findChild<QPushButton*>("ok")->isVisible();
       QPushButton* cancel = d.findChild<QPushButton*>("cancel");
@@ -84,6 +86,7 @@ class ConvertTest : public QObject {
       cancel->click();
     });
     QVERIFY(r.dialogShown);
+    QCOMPARE(title, QString("Conversion Status"));
     QCOMPARE(status, QString("Converting in.rib to out.zel"));
     QVERIFY(!okShown);
     QVERIFY(progressAtCancel >= 100);
@@ -100,6 +103,15 @@ class ConvertTest : public QObject {
     QVERIFY(converted < total);
     QCOMPARE(ops.back(), std::string("SphereV"));
     QCOMPARE(countOf(ops, "WorldEnd"), 0);
+  }
+
+  void anInputThatCannotBeOpenedEndsWithTheReason() {
+    scratch dir;
+    QString in = dir.file("gone.rib");
+    convertresult r = convert(in, dir.file("b.zel"));
+    QVERIFY(r.dialogShown);
+    QCOMPARE(r.status, "Unable to open input file \"" + in + "\": No such file or directory");
+    QCOMPARE(r.log, QString());
   }
 
   void anUnwritableOutputShowsTheWarningAndConvertsNothing() {

@@ -86,6 +86,18 @@ class MainWindowTest : public QObject {
     }
   }
 
+  void theF12KeyChoosesConvert() {
+    QApplication::setActiveWindow(gApp->fFrame);
+    QVERIFY(QTest::qWaitForWindowActive(gApp->fFrame));
+    int asked = 0;
+    gApp->fChooseFile = [&](QWidget*, TOpenSaveData&) {
+      ++asked;
+      return false;
+    };
+    QTest::keyClick(gApp->fFrame, Qt::Key_F12);
+    QCOMPARE(asked, 1);
+  }
+
   void theAboutBoxShowsNameVersionAndIcon() {
     bool shown = answerModal([] { action("about")->trigger(); },
                              [](QWidget& box) {
