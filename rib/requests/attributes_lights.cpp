@@ -57,7 +57,7 @@ void rendrib::lightSource(RtLightHandle (*call)(RtToken, RtInt, RtToken[], RtPoi
   handle_assoc entry;
   entry.sequence = static_cast<uint16_t>(number);
   entry.handle = call(ritext(name), listCount(params), params.tokens.data, params.values.data);
-  lights.add(entry);
+  fileHandle(lights, entry);
 }
 
 void rendrib::AttributeBegin() {

@@ -6,6 +6,7 @@
 
 #include "foundation/String.h"
 #include "interface/ri.h"
+#include "rib/parserib.h"
 #include "rib/tokenvalue.h"
 
 // The parameter count as the V calls take it: the list's count cut to 16 bits.
@@ -18,4 +19,17 @@ inline RtInt listCount(const tokenvalue& params) {
 // text "null" arrives as a null pointer. The calls do not write through it.
 inline char* ritext(const String& s) {
   return const_cast<char*>(static_cast<const char*>(s));
+}
+
+// Files the handle that an Ri call returned for a light or object number. A
+// number used again takes the new handle in place of the old, which no lookup
+// could reach any more: the table keeps one entry per number, so a lookup
+// walks at most its bucket's share of the 65,536 numbers, however many lights
+// or objects the stream defines.
+inline void fileHandle(Hash<parserib::handle_assoc>& table, const parserib::handle_assoc& entry) {
+  if (parserib::handle_assoc* known = table.find(entry)) {
+    known->handle = entry.handle;
+  } else {
+    table.add(entry);
+  }
 }

@@ -95,7 +95,7 @@ void rendrib::SolidEnd() {
 }
 
 // The entry exists from here on, so an instance inside the object's own
-// definition finds it. A number used again hides the older entry.
+// definition finds it. A number used again takes the new handle.
 void rendrib::ObjectBegin() {
   int32_t number;
   if (!match(number)) return;
@@ -103,7 +103,7 @@ void rendrib::ObjectBegin() {
   handle_assoc entry;
   entry.sequence = static_cast<uint16_t>(number);
   entry.handle = RiObjectBegin();
-  objects.add(entry);
+  fileHandle(objects, entry);
 }
 
 void rendrib::ObjectEnd() {
