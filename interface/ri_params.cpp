@@ -43,7 +43,12 @@ uint16_t tokenCode(RtToken token) {
   if (!token) return 0;
   Token* record = find(token);
   if (!record) {
-    record = declare(token, static_cast<uint16_t>(_zelQuark(token)), "uniform string", 0);
+    // Once the library has given every code it has (and said so), a new name
+    // is not kept: a record for each would lengthen every later lookup
+    // without end, and make a stream of new names cost quadratic time.
+    const uint16_t code = static_cast<uint16_t>(_zelQuark(token));
+    if (code == 0) return 0;
+    record = declare(token, code, "uniform string", 0);
   }
   return record ? record->code : 0;
 }

@@ -87,5 +87,8 @@ Token* declare(const char* name, uint16_t code, RiTokenType type, RiTokenClass t
 RtToken RiDeclare(char* name, char* declaration) {
   // The library hears of every name, also one already declared or badly declared.
   uint16_t code = static_cast<uint16_t>(_zelQuark(nameText(name)));
+  // A new name that the library has no code left for is not declared, so
+  // that the dictionary, and the time of each lookup, stay bounded.
+  if (code == 0 && !find(name)) return nullptr;
   return reinterpret_cast<RtToken>(declare(name, code, declaration, 0));
 }
