@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 
 #include "zel/messages.h"
 
@@ -41,6 +42,7 @@ bool Output::openFile(const char* path) {
   // a write error until later.
   std::setvbuf(file, nullptr, _IONBF, 0);
   stream_ = file;
+  fileBytes_ = 0;
   kind_ = Kind::File;
   return true;
 }
@@ -68,7 +70,16 @@ void Output::commit() {
 void Output::drain() {
   if ((kind_ == Kind::File || kind_ == Kind::Stream) && !failed() && committed_ > 0) {
     size_t written = std::fwrite(buffer_.data(), 1, committed_, stream_);
-    if (written != committed_ || std::fflush(stream_) != 0) fail("write");
+    if (written != committed_ || std::fflush(stream_) != 0) {
+      fail("write");
+      // The part of a record that did reach a full disk (or a file at its
+      // size limit) is cut off again, so that the file still ends on a whole
+      // line. A stream cannot be taken back.
+      std::error_code ignored;
+      if (kind_ == Kind::File) std::filesystem::resize_file(name_, fileBytes_, ignored);
+    } else {
+      fileBytes_ += written;
+    }
   }
   buffer_.erase(0, committed_);
   committed_ = 0;

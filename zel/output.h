@@ -53,8 +53,9 @@ class Output {
   size_t committed_ = 0;
   Kind kind_ = Kind::None;
   FILE* stream_ = nullptr;
-  std::string name_;     // for messages
-  std::string failure_;  // empty while all is well
+  size_t fileBytes_ = 0;  // whole lines that reached the file
+  std::string name_;      // for messages
+  std::string failure_;   // empty while all is well
 };
 
 }  // namespace zel
