@@ -1,0 +1,147 @@
+// Sizes that an input can name or build up, and what they may cost. A count
+// in the input never makes rib2zel allocate more than the input itself
+// supplies; a token of 100 MB is read; a million nested blocks or light
+// handles cost memory in proportion at most. Each test prints the peak
+// resident memory it observed above that of an empty conversion.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "tests/hostile/childrun.h"
+
+namespace {
+
+constexpr long kMB = 1024;  // in the KB of ru_maxrss
+
+// What an empty conversion's peak may vary by from run to run.
+constexpr long kNoiseKB = 1 * kMB;
+
+long growthKB(const childresult& r) {
+  return r.peakKB - baselinePeakKB();
+}
+
+void reportPeak(const std::string& what, const childresult& r) {
+  std::printf("%-44s input %9.1f KB  peak +%7ld KB  cpu %.2f s\n", what.c_str(),
+              r.inputBytes / 1024.0, growthKB(r), r.cpuSeconds);
+  ::testing::Test::RecordProperty(what + " peak growth KB", std::to_string(growthKB(r)));
+}
+
+childresult parseOnly(const std::string& input) {
+  return runchild({{"--parse-only", "-"}, [input](feeder& f) { f << input; }});
+}
+
+struct countcase {
+  const char* what;
+  std::string input;
+};
+
+// Each input names a size of about two thousand million, or the largest its
+// field can hold, and supplies a few bytes of it.
+TEST(HostileSizes, CountsInTheInputAllocateNoMoreThanTheInputSupplies) {
+  const countcase cases[] = {
+      {"binary float array of 2^32-1 floats",
+       std::string("ConcatTransform \xCB\xFF\xFF\xFF\xFF\x3F\x80\x00\x00\n")},
+      {"binary string of 2^32-1 bytes", std::string("Surface \xA3\xFF\xFF\xFF\xFF") + "abc"},
+      {"request code 255", std::string("\xCC\xFF") + "WorldBegin \xA6\xFF\n"},
+      {"array with a stated length",
+       "ColorSamples 2000000000 [1 0 0] [0 1 0]\nColor [1 2 3]\nBasis \"bezier\" 2000000000 "
+       "\"bezier\" 2000000000\n"},
+      {"vertex index", "PointsPolygons [3] [0 1 2000000000] \"P\" [0 0 0 1 0 0 1 1 0]\n"},
+      {"vertex count", "PointsPolygons [2000000000] [0 1 2] \"P\" [0 0 0 1 0 0 1 1 0]\n"},
+      {"loop count",
+       "PointsGeneralPolygons [2000000000] [3] [0 1 2] \"P\" [0 0 0]\n"
+       "GeneralPolygon [2000000000] \"P\" [0 0 0]\n"},
+      {"patch mesh nu and nv",
+       "PatchMesh \"bilinear\" 2000000000 \"nonperiodic\" 2000000000 \"nonperiodic\" \"P\" [0 0 "
+       "0]\nPatchMesh \"bicubic\" 65536 \"periodic\" 65536 \"periodic\" \"P\" [0 0 0]\n"},
+      {"NURBS patch and trim curve counts",
+       "NuPatch 2000000000 2 [0 0 1 1] 0 1 2 2 [0 0 1 1] 0 1 \"Pw\" [0 0 0 1]\n"
+       "TrimCurve [2000000000] [2] [0 0 1 1] [0] [1] [2] [0 1] [0 1] [1 1]\n"},
+      {"light and object numbers",
+       "LightSource \"pointlight\" 2000000000\nIlluminate 2000000000 1\nObjectBegin "
+       "2000000000\nObjectEnd\nObjectInstance 2000000000\n"},
+      {"image size", "Format 2000000000 2000000000 1\nPixelSamples 2000000000 2000000000\n"},
+  };
+  for (const countcase& c : cases) {
+    SCOPED_TRACE(c.what);
+    const childresult r = parseOnly("WorldBegin\n" + c.input + "WorldEnd\n");
+    reportPeak(c.what, r);
+    EXPECT_TRUE(r.status == 0 || r.status == 1) << "status " << r.status;
+    EXPECT_LE(growthKB(r), kNoiseKB);
+  }
+}
+
+// The string index has 16 bits, and the table of defined strings is an array
+// as long as the highest index defined: an index costs at most that table,
+// whatever the input does after it.
+TEST(HostileSizes, TheHighestStringIndexCostsABoundedTable) {
+  const childresult once =
+      parseOnly(std::string("\xCE\xFF\xFF\x93") + "abc" + "Surface \xD0\xFF\xFF\n");
+  reportPeak("string index 65535", once);
+  EXPECT_EQ(once.status, 0);
+  EXPECT_LE(growthKB(once), 8 * kMB);
+  const childresult r = runchild({{"--parse-only", "-"}, [](feeder& f) {
+                                    for (int i = 0; i < 100000; ++i) {
+                                      const unsigned index = 65535 - i % 4096;
+                                      f << std::string{'\xCE', static_cast<char>(index >> 8),
+                                                       static_cast<char>(index & 0xFF), '\x93'}
+                                        << "abc";
+                                    }
+                                  }});
+  reportPeak("100,000 definitions of high indices", r);
+  EXPECT_EQ(r.status, 0);
+  EXPECT_LE(growthKB(r), growthKB(once) + kNoiseKB);
+}
+
+TEST(HostileSizes, AHundredMegabyteTokenIsReadWhole) {
+  constexpr uint64_t kBytes = 100ull << 20;
+  const childresult r = runchild({{"--parse-only", "-"}, [](feeder& f) {
+                                    f << "Surface \"";
+                                    f.repeat(std::string(4096, 'a'), kBytes / 4096);
+                                    f << "\"\nWorldBegin\nSphere 1 -1 1 360\nWorldEnd\n";
+                                  }});
+  reportPeak("a string of 100 MB", r);
+  // The shader name reaches the Ri layer cut to what a String holds; no
+  // message, and the requests behind it run.
+  EXPECT_EQ(r.status, 0);
+  EXPECT_EQ(r.errLines, std::vector<std::string>{"Success."});
+  // The token buffer grows by half each time: while the last growth copies,
+  // the old and the new buffer are both held.
+  EXPECT_LE(growthKB(r), static_cast<long>(3 * kBytes / 1024));
+}
+
+TEST(HostileSizes, AMillionNestedAttributeBlocksCostMemoryInProportion) {
+  constexpr int kDepth = 1000000;
+  const childresult r = runchild({{"--parse-only", "-"}, [](feeder& f) {
+                                    f << "WorldBegin\n";
+                                    f.repeat("AttributeBegin\n", kDepth);
+                                    f.repeat("Sphere 1 -1 1 360\n", 1);
+                                    f.repeat("AttributeEnd\n", kDepth);
+                                    f << "WorldEnd\n";
+                                  }});
+  reportPeak("a million nested AttributeBegin", r);
+  EXPECT_EQ(r.status, 0);
+  EXPECT_EQ(r.errLines, std::vector<std::string>{"Success."});
+  // A level may cost a few bytes of bookkeeping, never a copy of the state.
+  EXPECT_LE(growthKB(r), 16 * kDepth / 1024 + kNoiseKB);
+}
+
+TEST(HostileSizes, AMillionLightHandlesCostMemoryInProportion) {
+  constexpr int kLights = 1000000;
+  const childresult r = runchild({{"--parse-only", "-"}, [](feeder& f) {
+                                    f << "WorldBegin\n";
+                                    for (int i = 0; i < kLights; ++i)
+                                      f << "LightSource \"pointlight\" " +
+                                               std::to_string(i % 65536) + "\nIlluminate " +
+                                               std::to_string(i % 65536) + " 1\n";
+                                    f << "WorldEnd\n";
+                                  }});
+  reportPeak("a million light handles", r);
+  EXPECT_EQ(r.status, 0);
+  // Numbers run to 65,535, so the tables hold at most that many entries; a
+  // handle of the Ri layer costs the scene library nothing it keeps.
+  EXPECT_LE(growthKB(r), 64 * 65536 / 1024 + kNoiseKB);
+}
+
+}  // namespace
