@@ -133,12 +133,16 @@ run convert(const scratch& files, Arm arm, bool echo = false) {
   conversion::request req;
   req.input = files.input().string();
   req.output = files.output().string();
-  // Collecting a line is the test's own work, so it neither counts nor fails.
+  // A sink copies the line, as the command line's does, and that allocation
+  // may fail like any other; keeping the line is the test's own work, which
+  // neither counts nor fails.
   req.log = [&r](const char* line) {
+    std::string copy = std::string(line) + "\n";
     walkallocator::Pause pause;
     r.log.emplace_back(line);
   };
   req.messages = [&r, echo](const char* line) {
+    std::string copy = std::string(line) + "\n";
     walkallocator::Pause pause;
     r.messages.emplace_back(line);
     if (echo) std::fprintf(stderr, "%s\n", line);
