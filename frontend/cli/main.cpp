@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <new>
 #include <string>
 
 #include "frontend/cli/options.h"
@@ -105,7 +106,15 @@ int main(int argc, char** argv) {
   catchInterrupt();
   progressline progress(isatty(STDERR_FILENO) == 1, writeError, progressline::clock::now());
   gProgress = &progress;
-  int status = convert(o, progress);
+  int status = kExitFailed;
+  try {
+    status = convert(o, progress);
+  } catch (const std::bad_alloc&) {
+    // Only the setup before the first request meets this: the statements
+    // have the reader's and the Ri layer's own handling. The text is fixed,
+    // so telling it needs no memory.
+    std::fputs("rib2zel: Out of memory\n", stderr);
+  }
   gProgress = nullptr;
   return status;
 }
