@@ -18,16 +18,21 @@ constexpr size_t kKeptLines = 50;
 
 // Everything the child needs is built before fork: only async-signal-safe
 // calls come between fork and exec.
-[[noreturn]] void execChild(char* const* argv, int in, int out, int err, rlim_t fileSizeLimit) {
+[[noreturn]] void execChild(char* const* argv, int in, int out, int err,
+                            const childoptions& options) {
   dup2(in, STDIN_FILENO);
   dup2(out, STDOUT_FILENO);
   dup2(err, STDERR_FILENO);
-  if (fileSizeLimit != 0) {
-    rlimit limit{fileSizeLimit, fileSizeLimit};
+  if (options.fileSizeLimit != 0) {
+    rlimit limit{options.fileSizeLimit, options.fileSizeLimit};
     setrlimit(RLIMIT_FSIZE, &limit);
     // Without this the write beyond the limit kills the process instead of
     // failing.
     signal(SIGXFSZ, SIG_IGN);
+  }
+  if (options.dataLimit != 0) {
+    rlimit limit{options.dataLimit, options.dataLimit};
+    setrlimit(RLIMIT_DATA, &limit);
   }
   execv(argv[0], argv);
   _exit(127);
@@ -125,7 +130,7 @@ childresult runchild(const childoptions& options) {
   if (out < 0) throw std::runtime_error("cannot open " + options.stdoutPath);
   pid_t pid = fork();
   if (pid < 0) throw std::runtime_error("fork");
-  if (pid == 0) execChild(argv.data(), in[0], out, err[1], options.fileSizeLimit);
+  if (pid == 0) execChild(argv.data(), in[0], out, err[1], options);
   close(in[0]);
   close(err[1]);
   close(out);

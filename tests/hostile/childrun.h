@@ -40,6 +40,9 @@ struct childoptions {
   // A limit on the size of any file the child writes (RLIMIT_FSIZE), in
   // bytes; 0 for none. Writing beyond it then fails with EFBIG.
   rlim_t fileSizeLimit = 0;
+  // A limit on the child's data (RLIMIT_DATA: its heap and private
+  // mappings), in bytes; 0 for none. Allocations beyond it fail.
+  rlim_t dataLimit = 0;
 };
 
 struct childresult {

@@ -5,7 +5,12 @@
 // resident memory it observed above that of an empty conversion.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "tests/hostile/childrun.h"
@@ -142,6 +147,44 @@ TEST(HostileSizes, AMillionLightHandlesCostMemoryInProportion) {
   // Numbers run to 65,535, so the tables hold at most that many entries; a
   // handle of the Ri layer costs the scene library nothing it keeps.
   EXPECT_LE(growthKB(r), 64 * 65536 / 1024 + kNoiseKB);
+}
+
+// The same token with the free store limited to less than it needs: the
+// failure is reported where the string was being read, the rest of the line
+// is skipped as the reader recovers (a part that again finds no room is
+// reported again), and the requests behind it are converted.
+TEST(HostileSizes, ATokenBeyondTheMemoryLimitIsReportedAndTheRestConverted) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the sanitizer's own reservations do not fit a data limit";
+#endif
+  const std::string out = (std::filesystem::temp_directory_path() /
+                           ("rib2zel-limit-" + std::to_string(getpid()) + ".zel"))
+                              .string();
+  childoptions options{{"-", out}, [](feeder& f) {
+                         f << "Surface \"";
+                         f.repeat(std::string(4096, 'a'), (100ull << 20) / 4096);
+                         f << "\"\nWorldBegin\nSphere 1 -1 1 360\nWorldEnd\n";
+                       }};
+  options.dataLimit = 64ull << 20;
+  const childresult r = runchild(options);
+  reportPeak("a string of 100 MB in 64 MB of data", r);
+  EXPECT_EQ(r.status, 1);
+  ASSERT_GE(r.errLines.size(), 2u);
+  EXPECT_EQ(r.errLines.front(),
+            "severe RIB error: insufficient memory to read string at line 1: Free store exhausted");
+  EXPECT_EQ(r.errLines.back(), "There are warning/error messages.");
+  for (const std::string& line : r.errLines) {
+    EXPECT_TRUE(line.find("Free store exhausted") != std::string::npos ||
+                line ==
+                    "RIB error: general syntactic error at line 1 '': String runs past end of "
+                    "line" ||
+                line == r.errLines.back())
+        << line;
+  }
+  std::ifstream in(out);
+  const std::string scene((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  std::filesystem::remove(out);
+  EXPECT_NE(scene.find("{\"op\":\"SphereV\""), std::string::npos);
 }
 
 }  // namespace
