@@ -57,9 +57,19 @@ void Nesting::push(Block block, int32_t object) {
     ++untracked_;
     return;
   }
+  // An allocation that fails here leaves through the caller as an exception
+  // (during parsing, outside a named call); the stack is taken back if the
+  // object list cannot grow, so that the two agree for the next pop.
   stack_.push_back(block);
+  if (block == Block::Object) {
+    try {
+      openObjects_.push_back(object);
+    } catch (...) {
+      stack_.pop_back();
+      throw;
+    }
+  }
   ++open_[static_cast<size_t>(block)];
-  if (block == Block::Object) openObjects_.push_back(object);
 }
 
 void Nesting::pop() {
