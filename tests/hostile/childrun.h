@@ -10,6 +10,14 @@
 #include <string>
 #include <vector>
 
+// The sanitizer build runs several times slower. Sizes that need only be
+// large, not exactly what a test names, are divided by this there.
+#ifdef __SANITIZE_ADDRESS__
+constexpr uint64_t kSlowBuildDivisor = 4;
+#else
+constexpr uint64_t kSlowBuildDivisor = 1;
+#endif
+
 // Buffered writes to a file descriptor, for generators. A reader that has
 // gone away ends the writing quietly: what matters then is the child's status.
 class feeder {

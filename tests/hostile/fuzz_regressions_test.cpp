@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 fs::path regressionsDir() {
   const char* root = std::getenv("RZ_SOURCE_DIR");
-  return fs::path(root ? root : ".") / "fuzz" / "regressions";
+  return fs::path(root ? root : RZ_SOURCE_ROOT) / "fuzz" / "regressions";
 }
 
 std::vector<fs::path> regressionInputs() {
