@@ -188,4 +188,27 @@ TEST(HostileSizes, ATokenBeyondTheMemoryLimitIsReportedAndTheRestConverted) {
   EXPECT_NE(scene.find("{\"op\":\"SphereV\""), std::string::npos);
 }
 
+// Every new name (a shader, a coordinate system) gets a code from the scene
+// library and a record in the dictionary. The library has 61,184 codes; a
+// name beyond them is told about and then kept nowhere, so that a stream of
+// new names cannot grow the dictionary, or the time of each lookup in it,
+// without end.
+TEST(HostileSizes, NamesBeyondTheLibrarysCodesAreNotKept) {
+  auto names = [](int n) {
+    return [n](feeder& f) {
+      f << "WorldBegin\n";
+      for (int i = 0; i < n; ++i) f << "Surface \"s" + std::to_string(i) + "\"\n";
+    };
+  };
+  const childresult full = runchild({{"--parse-only", "-"}, names(62000)});
+  const childresult beyond = runchild({{"--parse-only", "-"}, names(92000)});
+  reportPeak("62,000 new names", full);
+  reportPeak("92,000 new names", beyond);
+  EXPECT_EQ(beyond.status, 0);
+  EXPECT_EQ(beyond.errLines.front(),
+            "ZEL error: no code left for the name \"s61184\": all 61184 codes are in use");
+  EXPECT_EQ(beyond.errLineCount, 92000u - 61184u + 1);
+  EXPECT_LE(beyond.peakKB - full.peakKB, kNoiseKB);
+}
+
 }  // namespace
