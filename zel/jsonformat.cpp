@@ -5,6 +5,8 @@
 #include <cstring>
 #include <type_traits>
 
+#include "zel/shortestfloat.h"
+
 namespace zel {
 
 namespace {
@@ -24,9 +26,8 @@ void appendFloat(std::string& out, float value) {
   if (const char* special = specialFloat(value)) {
     out += special;
   } else {
-    char buffer[32];
-    auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-    out.append(buffer, static_cast<size_t>(result.ptr - buffer));
+    char buffer[kShortestFloatChars];
+    out.append(buffer, static_cast<size_t>(writeShortest(buffer, value) - buffer));
   }
 }
 
@@ -107,7 +108,8 @@ class Chunk {
   explicit Chunk(std::string& out) : out_(out) {}
   ~Chunk() { out_.append(data_, used_); }
 
-  // Room for one more number and its comma.
+  // Room for one more number and its comma, and the scratch that
+  // writeShortest may write past a number's end.
   char* reserve() {
     if (used_ > sizeof data_ - kNumberBytes) {
       out_.append(data_, used_);
@@ -117,7 +119,7 @@ class Chunk {
   }
   void advance(char* end) { used_ = static_cast<size_t>(end - data_); }
 
-  static constexpr size_t kNumberBytes = 32;
+  static constexpr size_t kNumberBytes = 1 + kShortestFloatChars;
 
  private:
   std::string& out_;
@@ -143,10 +145,12 @@ void appendArray(std::string& out, const Number* values, size_t n) {
           size_t length = std::strlen(special);
           std::memcpy(at, special, length);
           chunk.advance(at + length);
-          continue;
+        } else {
+          chunk.advance(writeShortest(at, value));
         }
+      } else {
+        chunk.advance(std::to_chars(at, at + Chunk::kNumberBytes - 1, value).ptr);
       }
-      chunk.advance(std::to_chars(at, at + Chunk::kNumberBytes - 1, value).ptr);
     }
   }
   out += ']';
