@@ -57,7 +57,7 @@ bool conversion::open() {
 
 bool conversion::openOutput() {
   if (request_.parseOnly) {
-    zelDiscardOutput();
+    zelSkipOutput();
     return true;
   }
   const std::string& path = request_.output;

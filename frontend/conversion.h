@@ -28,7 +28,7 @@ class conversion {
   struct request {
     std::string input;          // a path, or "-" for standard input
     std::string output;         // a path, or "-" for standard output; unused when parseOnly
-    bool parseOnly = false;     // run every layer but discard the scene
+    bool parseOnly = false;     // run every layer and check, but format no scene
     linesink log;               // RIB messages (line and token); they decide the status
     linesink messages;          // messages of the Ri layer and of the scene library
     inputfile::stopcheck stop;  // asked whether to end when a signal interrupts a read

@@ -11,6 +11,7 @@ void Library::startFile() {
 }
 
 void Library::writeHeader() {
+  if (!output.formats()) return;
   std::string& out = output.line();
   out += "{\"format\":\"ZEL\",\"version\":1,\"generator\":";
   appendText(out, "rib2zel " RIB2ZEL_VERSION);

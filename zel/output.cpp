@@ -62,6 +62,11 @@ void Output::discard() {
   kind_ = Kind::Discard;
 }
 
+void Output::skip() {
+  discard();
+  kind_ = Kind::Skip;
+}
+
 void Output::commit() {
   committed_ = buffer_.size();
   if (committed_ >= kBufferBytes) drain();

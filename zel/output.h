@@ -27,12 +27,15 @@ class Output {
   bool openFile(const char* path);
   void useStream(FILE* stream);  // not closed by this class
   void discard();                // lines are formatted, then dropped
+  void skip();                   // lines are not even formatted
 
   bool flush();  // whole lines to the destination, then the stream's own buffer
   bool close();  // flush, and close a file that openFile made
   // Back to no destination with no failure kept, dropping whatever is buffered.
   void reset();
 
+  // Whether records are formatted at all: not when skipping.
+  bool formats() const { return kind_ != Kind::Skip; }
   // The line under construction: append to it, then commit.
   std::string& line() { return buffer_; }
   void commit();
@@ -43,7 +46,7 @@ class Output {
   const std::string& failure() const { return failure_; }
 
  private:
-  enum class Kind { None, File, Stream, Discard };
+  enum class Kind { None, File, Stream, Discard, Skip };
 
   void drain();
   void fail(const char* action);

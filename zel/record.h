@@ -1,6 +1,7 @@
 // One line of the scene file: {"op":NAME,"args":[...]} with, where they
 // apply, "params" and "handle". Arguments are appended in the boundary's
-// order; `end` completes the line and commits it.
+// order; `end` completes the line and commits it. While the output is
+// skipped nothing is formatted, but the checks run all the same.
 //
 // A code that _zelQuark gave must have its Quark record in the file before
 // the first line that uses it. Records that carry such codes call `payQuark`
@@ -47,9 +48,10 @@ class Record {
   void end();
 
  private:
-  void separate();
+  void begin();
+  bool separate();
 
-  std::string& out_;
+  std::string* out_;  // null while the output is skipped
   const char* op_;
   bool first_ = true;
   bool hasList_ = false;

@@ -23,6 +23,12 @@ void zelDiscardOutput() {
   lib.writeHeader();
 }
 
+void zelSkipOutput() {
+  Library& lib = library();
+  lib.startFile();
+  lib.output.skip();
+}
+
 bool zelFlush() {
   return library().output.flush();
 }

@@ -2,7 +2,7 @@
 // uses only interface/scene/zel.h.
 //
 // A conversion: choose where the scene goes (_zelOutputFile(0x0200, path) in
-// zel.h, or zelOutputToStream, or zelDiscardOutput), run it, then call
+// zel.h, or zelOutputToStream, zelDiscardOutput or zelSkipOutput), run it, then call
 // zelFlush (cancelled) or zelClose (finished) and ask zelWriteFailed.
 // Between two operations the library holds only whole lines, so after either
 // call the file ends on a complete record, whatever point the conversion
@@ -19,8 +19,11 @@ void zelSetMessageSink(void (*sink)(const char* line));
 // The library flushes the stream but never closes it.
 void zelOutputToStream(FILE* stream);
 // Runs every operation, its checks and its formatting, and drops the bytes:
-// for measuring the reader and for fuzzing.
+// for fuzzing, which must see every value read.
 void zelDiscardOutput();
+// Runs every operation and its checks but formats nothing: for measuring the
+// reader and the Ri layer apart from the writing.
+void zelSkipOutput();
 
 // Hands every whole line to the destination and flushes it. False once
 // writing has failed.

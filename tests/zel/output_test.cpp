@@ -119,6 +119,39 @@ TEST_F(ZelTest, DiscardKeepsTheChecksAndWritesNothing) {
   EXPECT_EQ(readZelFile(path_).records.size(), 1u) << "the old file ends where output moved on";
 }
 
+TEST_F(ZelTest, SkipKeepsTheChecksAndUsesUpParameterInfo) {
+  _zelFrameBegin();
+  zelSkipOutput();
+  someOperations(3000);
+  _zelAttributePop();
+  float kd = 0.5f;
+  ZelParam info = {"Kd", 0x000D, 1, 1, 1};
+  uint16_t code = 0x000D;
+  RtPointer value = &kd;
+  _zelParameterInfo(1, &info);
+  _zelSphereV(1, -1, 1, 360, 1, &code, &value);
+  _zelSphereV(1, -1, 1, 360, 1, &code, &value);
+  EXPECT_TRUE(zelClose());
+  EXPECT_EQ(gReportLines,
+            (std::vector<std::string>{
+                "ZEL error: AttributePop with no AttributePush open",
+                "ZEL error: SphereV: no parameter info came before its parameter list"}));
+  EXPECT_EQ(readZelFile(path_).records.size(), 1u) << "the old file ends where output moved on";
+}
+
+TEST_F(ZelTest, OutputAfterSkippingStartsWithHeaderAndQuarks) {
+  zelSkipOutput();
+  const uint16_t name = static_cast<uint16_t>(_zelQuark("skipped"));
+  _zelSurfaceV(name, 0, nullptr, nullptr);
+  _zelOutputFile(0x0200, path_.c_str());
+  _zelSurfaceV(name, 0, nullptr, nullptr);
+  ASSERT_TRUE(zelClose());
+  std::vector<ZelRecord> read = records();
+  ASSERT_EQ(read.size(), 2u);
+  EXPECT_EQ(read[0].op, "Quark") << "a name told only while skipping is owed to the new file";
+  EXPECT_EQ(read[1].op, "SurfaceV");
+}
+
 TEST_F(ZelTest, OneHugeRecordIsWrittenWhole) {
   std::vector<float> points(3 * 50000, 0.125f);
   ZelParam info = {"P", 0x0001, 4, 3, static_cast<uint32_t>(points.size())};
