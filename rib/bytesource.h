@@ -45,6 +45,15 @@ class bytesource {
     cursor& operator=(const cursor&) = delete;
     ~cursor() { s_.pos_ = pos_; }
 
+    bool eof() { return pos_ == end_ && !refill(); }
+    // Bytes that can be taken without a refill.
+    size_t buffered() const { return static_cast<size_t>(end_ - pos_); }
+    // Takes n buffered bytes, n <= buffered(), and gives their address.
+    const unsigned char* take(size_t n) {
+      const unsigned char* at = pos_;
+      pos_ += n;
+      return at;
+    }
     bool get(unsigned char& c) {
       if (pos_ == end_ && !refill()) return false;
       c = *pos_++;

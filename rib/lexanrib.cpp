@@ -83,12 +83,9 @@ lexanrib::lexanrib(bytesource& in, const char* name)
       infloats(0),
       floatindex(0) {}
 
-int16_t lexanrib::next() {
+// Everything but the next element of a float array.
+int16_t lexanrib::scan() {
   if (infloats) {
-    if (floatindex < floats.count) {
-      floatvalue = floats.data[floatindex++];
-      return thistoke = LEXFLOAT;
-    }
     infloats = 0;
     return ']';
   }

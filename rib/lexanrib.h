@@ -30,7 +30,15 @@ class lexanrib {
 
   // Scans one token and returns its kind. Throws RIBException on a malformed
   // number, a string broken by a line end, or (code 13) exhausted memory.
-  int16_t next();
+  // The elements of a binary float array, most of a binary file's tokens,
+  // are handed out here without a call.
+  int16_t next() {
+    if (infloats && floatindex < floats.count) {
+      floatvalue = floats.data[floatindex++];
+      return thistoke = LEXFLOAT;
+    }
+    return scan();
+  }
 
   // The value of the current token. Calling the wrong one for thistoke is a
   // programming error and stops the program with a failed assertion.
@@ -81,18 +89,19 @@ class lexanrib {
   uint32_t floatindex;
 
  private:
-  // Appends to text through local copies of its fields, so the byte loops keep
-  // them in registers; text.count is brought up to date before a grow (which
-  // may throw) and when the cursor goes out of scope.
-  class TextCursor {
+  // Appends to an array through local copies of its fields, so the byte
+  // loops keep them in registers; the array's count is brought up to date
+  // before a grow (which may throw) and when the cursor goes out of scope.
+  template <class T>
+  class AppendCursor {
    public:
-    explicit TextCursor(Array<char>& a) : a_(a), d_(a.data), n_(a.count), cap_(a.capacity) {}
-    TextCursor(const TextCursor&) = delete;
-    TextCursor& operator=(const TextCursor&) = delete;
-    ~TextCursor() { a_.count = n_; }
-    void push(unsigned char c) {
+    explicit AppendCursor(Array<T>& a) : a_(a), d_(a.data), n_(a.count), cap_(a.capacity) {}
+    AppendCursor(const AppendCursor&) = delete;
+    AppendCursor& operator=(const AppendCursor&) = delete;
+    ~AppendCursor() { a_.count = n_; }
+    void push(T value) {
       if (n_ == cap_) spill();
-      d_[n_++] = static_cast<char>(c);
+      d_[n_++] = value;
     }
 
    private:
@@ -102,14 +111,16 @@ class lexanrib {
       d_ = a_.data;
       cap_ = a_.capacity;
     }
-    Array<char>& a_;
-    char* d_;
+    Array<T>& a_;
+    T* d_;
     uint32_t n_;
     uint32_t cap_;
   };
+  using TextCursor = AppendCursor<char>;
 
   [[noreturn]] static void assertionFailed(const char* expression, int line);
 
+  int16_t scan();
   void skipcomment();
   void scanstring(unsigned char c);
   void scanstringbody();

@@ -1,5 +1,6 @@
 // The binary encoding: a token whose first byte has bit 7 set. Multi-byte
 // values are big-endian.
+#include <algorithm>
 #include <bit>
 
 #include "rib/lexanrib.h"
@@ -39,14 +40,35 @@ int16_t lexanrib::scanbinary(unsigned char c) {
   }
 }
 
+namespace {
+
+uint32_t bigEndian(const unsigned char* at, unsigned n) {
+  uint32_t value = 0;
+  for (unsigned i = 0; i < n; ++i) value = value << 8 | at[i];
+  return value;
+}
+
+// The same for four bytes, which compilers turn into one load and a swap.
+uint32_t bigEndian4(const unsigned char* at) {
+  return uint32_t{at[0]} << 24 | uint32_t{at[1]} << 16 | uint32_t{at[2]} << 8 | at[3];
+}
+
 // A read that fails adds nothing, so a cut stream gives a short value.
-uint32_t lexanrib::scanbinlong(uint16_t n) {
+uint32_t takeBytes(bytesource::cursor& in, unsigned n) {
+  if (in.buffered() >= n) return bigEndian(in.take(n), n);
   uint32_t value = 0;
   for (; n > 0; --n) {
     unsigned char b;
-    if (stream.get(b)) value = value * 256 + b;
+    if (in.get(b)) value = value * 256 + b;
   }
   return value;
+}
+
+}  // namespace
+
+uint32_t lexanrib::scanbinlong(uint16_t n) {
+  bytesource::cursor in(stream);
+  return takeBytes(in, n);
 }
 
 // 1000ddww: w + 1 value bytes, d of them (or more) fraction bytes.
@@ -87,13 +109,27 @@ int16_t lexanrib::scanbindouble(unsigned char) {
   return LEXFLOAT;
 }
 
-// Reads the whole array now; next delivers it element by element.
+// Reads the whole array now; next delivers it element by element. A float
+// cut short by the end of the stream still counts, as a short value.
 int16_t lexanrib::scanbinfloats(unsigned char c) {
   uint32_t count = scanbinlong(static_cast<uint16_t>(c - 0xC7));
   floats.count = 0;
-  for (uint32_t i = 0; i < count && !stream.eof(); ++i) {
-    scanbinfloat(c);
-    floats.append(floatvalue);
+  {
+    bytesource::cursor in(stream);
+    AppendCursor<float> out(floats);
+    uint32_t i = 0;
+    while (i < count && !in.eof()) {
+      // The floats the block holds whole are taken in one run.
+      const uint32_t run = static_cast<uint32_t>(std::min<size_t>(count - i, in.buffered() / 4));
+      if (run == 0) {
+        out.push(std::bit_cast<float>(takeBytes(in, 4)));
+        ++i;
+        continue;
+      }
+      const unsigned char* at = in.take(4 * size_t{run});
+      for (uint32_t k = 0; k < run; ++k) out.push(std::bit_cast<float>(bigEndian4(at + 4 * k)));
+      i += run;
+    }
   }
   floatindex = 0;
   infloats = 1;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <random>
 #include <string>
 #include <vector>
@@ -99,6 +100,40 @@ TEST(LexanribBinary, FloatArrayIsDeliveredElementByElement) {
       // A count far beyond the data stops at the end of the stream.
       {bytes({0xCB, 0xFF, 0xFF, 0xFF, 0xFF, 0x3F, 0x80, 0, 0}), {"[", "FLOAT 1", "]", "EOF"}},
   });
+}
+
+TEST(LexanribBinary, NumbersAndArraysReadAcrossTheSourcesBlocks) {
+  // 21 bytes a round: a three-byte integer and an array of three floats, so
+  // the source's 64 KiB block edges fall inside both in turn.
+  std::string input;
+  const int rounds = 20000;
+  for (int i = 0; i < rounds; ++i) {
+    input += bytes({0x82, (i >> 16) & 0xFF, (i >> 8) & 0xFF, i & 0xFF, 0xC8, 0x03});
+    for (float f : {1.0f * i, 0.5f, -2.0f * i}) {
+      const uint32_t bits = std::bit_cast<uint32_t>(f);
+      input += bytes({static_cast<int>(bits >> 24), static_cast<int>(bits >> 16 & 0xFF),
+                      static_cast<int>(bits >> 8 & 0xFF), static_cast<int>(bits & 0xFF)});
+    }
+  }
+  Scan scan(input);
+  lexanrib& lex = scan.lex;
+  for (int i = 0; i < rounds; ++i) {
+    ASSERT_EQ(lex.next(), LEXINT);
+    ASSERT_EQ(lex.intvalue, i);
+    ASSERT_EQ(lex.next(), '[');
+    for (float f : {1.0f * i, 0.5f, -2.0f * i}) {
+      ASSERT_EQ(lex.next(), LEXFLOAT);
+      ASSERT_EQ(lex.floatvalue, f) << "round " << i;
+    }
+    ASSERT_EQ(lex.next(), ']');
+  }
+  EXPECT_EQ(lex.next(), LEXEOF);
+}
+
+TEST(LexanribBinary, FloatCutShortAtTheEndStillCounts) {
+  // The two bytes there are the value's top bytes so far: 0x4000 as bits.
+  EXPECT_EQ(tokens(bytes({0xC8, 0x02, 0x3F, 0x80, 0, 0, 0x40, 0x00})),
+            (Words{"[", "FLOAT 1", "FLOAT 2.2958874e-41", "]", "EOF"}));
 }
 
 TEST(LexanribBinary, RequestDefinitions) {
