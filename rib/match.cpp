@@ -61,26 +61,29 @@ int16_t parserib::match(int16_t& b) {
   return 1;
 }
 
+int16_t parserib::expected(const char* what) {
+  lex.RIBError(16, 2, "%s", what);
+  panic();
+  return 0;
+}
+
+// match(float&), built into the loop over a point array's components.
+[[gnu::always_inline]] inline int16_t parserib::takeFloat(float& v) {
+  if (!isNumber(token)) return expected("Expected float");
+  lex.get(v);
+  token = lex.next();
+  return 1;
+}
+
 int16_t parserib::match(int32_t& v) {
-  if (token != LEXINT) {
-    lex.RIBError(16, 2, "Expected integer");
-    panic();
-    return 0;
-  }
+  if (token != LEXINT) return expected("Expected integer");
   lex.get(v);
   token = lex.next();
   return 1;
 }
 
 int16_t parserib::match(float& v) {
-  if (!isNumber(token)) {
-    lex.RIBError(16, 2, "Expected float");
-    panic();
-    return 0;
-  }
-  lex.get(v);
-  token = lex.next();
-  return 1;
+  return takeFloat(v);
 }
 
 int16_t parserib::match(float (&p)[3]) {
@@ -116,19 +119,52 @@ int16_t parserib::match(String* s) {
   return bracket ? match(']') : 1;
 }
 
-// Stores one element of a running array. Growing the array may exhaust the
-// free store; that arrives here as code 13 and is reported as the array's own
-// failure (code 1), then passed on as code 0 so that the driver only recovers.
-template <typename Store>
-static void storeGuarded(lexanrib& lex, Store store) {
-  try {
-    store();
-  } catch (const RIBException& e) {
-    if (e.code != 13) throw;
-    lex.RIBError(1, e.severity, "%s", e.message.c_str());
-    throw lexanrib::exception(0, 0, nullptr);
+namespace {
+
+// Stores the elements of a running array through local copies of its fields,
+// which the loop then keeps in registers (a store through `data` could
+// otherwise be taken to change them); the array's count is brought up to
+// date before a grow and when the filler goes out of scope. Growing may
+// exhaust the free store; that arrives here as code 13 and is reported as the
+// array's own failure (code 1), then passed on as code 0 so that the driver
+// only recovers.
+template <typename T>
+class ArrayFiller {
+ public:
+  ArrayFiller(Array<T>& a, lexanrib& lex)
+      : a_(a), lex_(lex), data_(a.data), count_(a.count), capacity_(a.capacity) {}
+  ArrayFiller(const ArrayFiller&) = delete;
+  ArrayFiller& operator=(const ArrayFiller&) = delete;
+  ~ArrayFiller() { a_.count = count_; }
+
+  // The next element, counted from now on.
+  T& next() {
+    if (count_ == capacity_) grow();
+    return data_[count_++];
   }
-}
+
+ private:
+  void grow() {
+    a_.count = count_;
+    try {
+      a_.grow();
+    } catch (const RIBException& e) {
+      if (e.code != 13) throw;
+      lex_.RIBError(1, e.severity, "%s", e.message.c_str());
+      throw lexanrib::exception(0, 0, nullptr);
+    }
+    data_ = a_.data;
+    capacity_ = a_.capacity;
+  }
+
+  Array<T>& a_;
+  lexanrib& lex_;
+  T* data_;
+  uint32_t count_;
+  uint32_t capacity_;
+};
+
+}  // namespace
 
 template <typename T>
 int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
@@ -141,24 +177,25 @@ int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
   }
   int32_t count = 0;
   if (n == 1) {
-    T* slot = nullptr;
-    storeGuarded(lex, [&] { slot = &a(0); });
-    if (!match(*slot)) return 0;
+    ArrayFiller<T> fill(a, lex);
+    if (!match(fill.next())) return 0;
     count = 1;
   } else {
-    while ((n < 0 || count < n) && ArrayTraits<T>::admits(token)) {
-      if constexpr (std::is_array_v<T>) {
-        // Only the first number decides; a point once begun needs all three.
-        float* point = nullptr;
-        storeGuarded(lex, [&] { point = a(count); });
-        for (int i = 0; i < 3; ++i) {
-          if (!match(point[i])) return 0;
+    {
+      ArrayFiller<T> fill(a, lex);
+      while ((n < 0 || count < n) && ArrayTraits<T>::admits(token)) {
+        if constexpr (std::is_array_v<T>) {
+          // Only the first number decides; a point once begun needs all three.
+          float* point = fill.next();
+          for (int i = 0; i < 3; ++i) {
+            if (!takeFloat(point[i])) return 0;
+          }
+        } else {
+          lex.get(fill.next());
+          token = lex.next();
         }
-      } else {
-        storeGuarded(lex, [&] { lex.get(a(count)); });
-        token = lex.next();
+        ++count;
       }
-      ++count;
     }
     if (!checkCount<T>(count, n, open)) return 0;
   }

@@ -126,6 +126,9 @@ class parserib {
 
  private:
   const keyword_assoc* lookupCurrentWord() const;
+  // Reports "Expected ..." (code 16), runs panic and returns 0.
+  int16_t expected(const char* what);
+  int16_t takeFloat(float& v);
   int16_t fetch();
   void report(const RIBException& e);
   void recover();
