@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,11 @@ struct Case {
   const char* ascii;
   const char* bytes;  // hex
 };
+
+// Names the case in test listings instead of a byte dump of the struct.
+void PrintTo(const Case& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class EncodesTokens : public testing::TestWithParam<Case> {};
 
