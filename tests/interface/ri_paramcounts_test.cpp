@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,10 @@ std::string testName(const std::string& what) {
   std::string name;
   for (char c : what) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
   return name;
+}
+
+void PrintTo(const CountsCase& c, std::ostream* os) {
+  *os << c.what;
 }
 
 class PrimitiveCountsTest : public testing::TestWithParam<CountsCase> {
@@ -138,6 +143,10 @@ struct ScalarCase {
   PrimitiveCounts counts;
   uint32_t expected;
 };
+
+void PrintTo(const ScalarCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class ParameterCountTest : public testing::TestWithParam<ScalarCase> {};
 

@@ -1,5 +1,6 @@
 // The standard bases and filters are told apart by address; comments and the
 // calls without effect.
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,10 @@ struct FilterCase {
   RtFilterFunc filter;
   const char* line;
 };
+
+void PrintTo(const FilterCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class StandardFilters : public RiSceneTest, public testing::WithParamInterface<FilterCase> {};
 

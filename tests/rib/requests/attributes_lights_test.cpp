@@ -2,6 +2,7 @@
 // numbers.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,10 @@ struct LightNumberCase {
   const char* lookup;  // the number an Illuminate finds it under
   Lines log;           // the reports of the LightSource alone
 };
+
+void PrintTo(const LightNumberCase& c, std::ostream* os) {
+  *os << c.number;
+}
 
 class LightNumbers : public testing::TestWithParam<LightNumberCase> {};
 

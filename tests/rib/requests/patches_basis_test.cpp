@@ -2,6 +2,7 @@
 // argument lists of NuPatch and TrimCurve.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,10 @@ struct MeshCase {
   const char* mesh;   // the PatchMesh request up to its list
   int uniform, varying, vertex;
 };
+
+void PrintTo(const MeshCase& c, std::ostream* os) {
+  *os << c.basis << " " << c.mesh;
+}
 
 class PatchMeshCounts : public testing::TestWithParam<MeshCase> {};
 

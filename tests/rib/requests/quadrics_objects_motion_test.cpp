@@ -1,6 +1,7 @@
 // Quadrics, Geometry, objects and motion blocks.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,10 @@ struct QuadricCase {
   const char* op;
   int count;  // numbers the request takes
 };
+
+void PrintTo(const QuadricCase& c, std::ostream* os) {
+  *os << c.request;
+}
 
 class Quadrics : public testing::TestWithParam<QuadricCase> {};
 
