@@ -12,33 +12,9 @@
 // the scene library reads exactly that many.
 #pragma once
 
+#include "interface/error.h"  // RiLastError, the handlers, RiErrorHandler
 #include "interface/ritypes.h"
-
-// --- Predeclared tokens -------------------------------------------------------
-
-extern RtToken RI_FRAMEBUFFER, RI_FILE;
-extern RtToken RI_RGB, RI_RGBA, RI_RGBZ, RI_RGBAZ, RI_A, RI_Z, RI_AZ;
-extern RtToken RI_ORIGIN;
-extern RtToken RI_PERSPECTIVE, RI_ORTHOGRAPHIC;
-extern RtToken RI_HIDDEN, RI_JITTER, RI_PAINT;
-extern RtToken RI_CONSTANT, RI_SMOOTH;
-extern RtToken RI_FLATNESS, RI_FOV;
-extern RtToken RI_AMBIENTLIGHT, RI_POINTLIGHT, RI_DISTANTLIGHT, RI_SPOTLIGHT;
-extern RtToken RI_INTENSITY, RI_LIGHTCOLOR, RI_FROM, RI_TO;
-extern RtToken RI_CONEANGLE, RI_CONEDELTAANGLE, RI_BEAMDISTRIBUTION;
-extern RtToken RI_MATTE, RI_METAL, RI_SHINYMETAL, RI_PLASTIC, RI_PAINTEDPLASTIC;
-extern RtToken RI_KA, RI_KD, RI_KS, RI_ROUGHNESS, RI_KR, RI_TEXTURENAME, RI_SPECULARCOLOR;
-extern RtToken RI_DEPTHCUE, RI_FOG, RI_BUMPY;
-extern RtToken RI_MINDISTANCE, RI_MAXDISTANCE, RI_BACKGROUND, RI_DISTANCE, RI_AMPLITUDE;
-extern RtToken RI_RASTER, RI_SCREEN, RI_CAMERA, RI_WORLD, RI_OBJECT;
-extern RtToken RI_INSIDE, RI_OUTSIDE, RI_LH, RI_RH;
-extern RtToken RI_P, RI_PZ, RI_PW, RI_N, RI_NP, RI_CS, RI_OS, RI_S, RI_T, RI_ST;
-extern RtToken RI_COMMENT, RI_STRUCTURE, RI_IDENTIFIER, RI_NAME, RI_SHADINGGROUP;
-extern RtToken RI_BILINEAR, RI_BICUBIC;
-extern RtToken RI_PRIMITIVE, RI_INTERSECTION, RI_UNION, RI_DIFFERENCE;
-extern RtToken RI_PERIODIC, RI_NONPERIODIC, RI_CLAMP, RI_BLACK;
-extern RtToken RI_IGNORE, RI_PRINT, RI_ABORT, RI_HANDLER;
-extern RtToken RI_LIMITS, RI_GRIDSIZE, RI_BUCKETSIZE;
+#include "interface/token.h"  // the predeclared RI_* tokens, RiDeclare
 
 // --- Standard bases and filters ----------------------------------------------
 // They stand for the library's own matrices and filters and are told apart by
@@ -51,17 +27,6 @@ RtFloat RiBoxFilter(RtFloat x, RtFloat y, RtFloat xwidth, RtFloat ywidth);
 RtFloat RiTriangleFilter(RtFloat x, RtFloat y, RtFloat xwidth, RtFloat ywidth);
 RtFloat RiCatmullRomFilter(RtFloat x, RtFloat y, RtFloat xwidth, RtFloat ywidth);
 RtFloat RiSincFilter(RtFloat x, RtFloat y, RtFloat xwidth, RtFloat ywidth);
-
-// --- Errors and declarations ---------------------------------------------------
-
-extern RtInt RiLastError;
-
-RtVoid RiErrorHandler(RtErrorHandler handler);
-RtVoid RiErrorIgnore(RtInt code, RtInt severity, const char* message);
-RtVoid RiErrorPrint(RtInt code, RtInt severity, const char* message);
-RtVoid RiErrorAbort(RtInt code, RtInt severity, const char* message);
-
-RtToken RiDeclare(const char* name, const char* declaration);
 
 // --- Frame, camera and output options ----------------------------------------
 
