@@ -48,6 +48,8 @@ class bytesource {
     bool eof() { return pos_ == end_ && !refill(); }
     // Bytes that can be taken without a refill.
     size_t buffered() const { return static_cast<size_t>(end_ - pos_); }
+    // Where the next byte is, for a look at buffered() bytes from there.
+    const unsigned char* peek() const { return pos_; }
     // Takes n buffered bytes, n <= buffered(), and gives their address.
     const unsigned char* take(size_t n) {
       const unsigned char* at = pos_;

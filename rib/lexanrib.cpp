@@ -1,7 +1,9 @@
 // The ASCII side of the scanner and the dispatch on a token's first byte.
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
+#include "rib/digitrun.h"
 #include "rib/lexanrib.h"
 
 namespace {
@@ -49,6 +51,14 @@ inline bool is(unsigned char c, uint8_t cls) {
   return kTables.cls[c] & cls;
 }
 
+// Up to 15 digits a mantissa is exact in a double (10^15 < 2^53), and so is
+// a power of ten up to 10^22: the quotient is then the nearest double, as
+// convertnumber computes it. Up to 9 digits an integer fits 32 bits.
+constexpr size_t kExactFloatDigits = 15;
+constexpr double kPowersOfTen[kExactFloatDigits + 1] = {
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+constexpr size_t kExactIntDigits = 9;
+
 }  // namespace
 
 // Appends c and what follows up to a word end, which is put back and
@@ -69,6 +79,62 @@ __attribute__((always_inline)) inline int lexanrib::scanword(unsigned char c) {
   }
   out.push('\0');
   return stop;
+}
+
+// The usual number, an optional sign, digits, and at most one point with
+// digits after it, up to a byte that may follow a number, where the source's
+// block holds it with room to spare: the bytes are looked at where they lie,
+// copied to text in one piece, and then taken; the byte after the number is
+// left in the stream, as if read and put back. LEXNONE, with nothing taken,
+// for any other form or when the block may end too soon.
+__attribute__((always_inline)) inline int16_t lexanrib::scaninplace(unsigned char first) {
+  constexpr size_t kRoom = 48;
+  bytesource::cursor in(stream);
+  // Digits are read eight bytes at a time, up to seven past the room.
+  if (in.buffered() < kRoom + 8) return LEXNONE;
+  // The first byte was the last one read, so it lies just before the rest.
+  const unsigned char* const start = in.peek() - 1;
+  if (*start != first) return LEXNONE;
+  const unsigned char* const limit = start + kRoom;
+  const unsigned char* p = start;
+  const bool negative = *p == '-';
+  p += negative || *p == '+';
+  const unsigned char* const digits = p;
+  uint64_t m = 0;
+  p = digitrun::take(p, limit, m);
+  const size_t whole = static_cast<size_t>(p - digits);
+  size_t places = 0;
+  const bool point = *p == '.';
+  if (point) {
+    const unsigned char* const fraction = ++p;
+    p = digitrun::take(p, limit, m);
+    places = static_cast<size_t>(p - fraction);
+  }
+  if (p >= limit || !(point ? places > 0 : whole > 0) || !is(*p, kNumberEnd)) return LEXNONE;
+
+  const uint32_t length = static_cast<uint32_t>(p - start);
+  while (text.capacity <= length) text.grow();
+  std::memcpy(text.data, start, length);
+  text.data[length] = '\0';
+  text.count = length + 1;
+  in.take(static_cast<size_t>(p - in.peek()));
+  // The common values here; the rest as convertnumber takes them.
+  if (point && whole + places <= kExactFloatDigits) {
+    const double d = static_cast<double>(m) / kPowersOfTen[places];
+    floatvalue = static_cast<float>(negative ? -d : d);
+    return LEXFLOAT;
+  }
+  if (!point && whole <= kExactIntDigits) {
+    intvalue = static_cast<int32_t>(negative ? -static_cast<int64_t>(m) : static_cast<int64_t>(m));
+    return LEXINT;
+  }
+  Decimal number;
+  number.mantissa = m;
+  number.exponent = -static_cast<int64_t>(places);
+  number.exact = whole + places <= kExactDigits;
+  number.negative = negative;
+  const char* const textDigits = text.data + (digits - start);
+  return valuenumber(number, point, textDigits, text.data + length);
 }
 
 lexanrib::lexanrib(bytesource& in, const char* name)
@@ -116,6 +182,7 @@ int16_t lexanrib::scan() {
         scanstring(c);
         return thistoke = LEXSTRING;
       case kNumber:
+        if (int16_t kind = scaninplace(c); kind != LEXNONE) return thistoke = kind;
         return thistoke = scannumber(c);
       case kBracket:
         return c;
@@ -240,8 +307,10 @@ int lexanrib::scanescape() {
 
 // A number runs to the same end as a word: the bytes of a number are never
 // word ends, and whatever follows a malformed number up to a word end belongs
-// to the bad word the report quotes. So the word is scanned first and then
-// checked. A byte with bit 7 set ends a word but may not follow a number.
+// to the bad word the report quotes. A byte with bit 7 set ends a word but
+// may not follow a number. The usual forms are read where they lie, by
+// scaninplace; any other, and any number near the end of the source's
+// block, comes here, to be scanned as a word first and then checked.
 int16_t lexanrib::scannumber(unsigned char c) {
   text.count = 0;
   int stop = scanword(c);

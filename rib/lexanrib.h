@@ -24,6 +24,17 @@ class lexanrib {
  public:
   typedef void (lexanrib::*ErrorHandler)(int32_t code, int32_t severity, const char* message);
 
+  // An ASCII number's value as mantissa times ten to exponent, on its way
+  // from the text to intvalue or floatvalue.
+  struct Decimal {
+    uint64_t mantissa = 0;  // wrapped when exact is false: the text then decides
+    int64_t exponent = 0;
+    bool exact = true;
+    bool negative = false;
+  };
+  // Up to this many digits the mantissa cannot wrap: 10^19 < 2^64.
+  static constexpr size_t kExactDigits = 19;
+
   explicit lexanrib(bytesource& in, const char* name = "stdin");
   lexanrib(const lexanrib&) = delete;
   lexanrib& operator=(const lexanrib&) = delete;
@@ -129,9 +140,14 @@ class lexanrib {
   static constexpr int kEscapeEnded = -2;
   int scanescape();
   int16_t scannumber(unsigned char c);
+  int16_t scaninplace(unsigned char first);
   // The value of the number in text into intvalue or floatvalue; LEXNONE,
   // with both left alone, when text is no number.
   int16_t convertnumber();
+  // The value of a checked number into intvalue or floatvalue; returns its
+  // kind. digits to end: its text after the sign, for values that the
+  // mantissa cannot hold exactly.
+  int16_t valuenumber(const Decimal& number, bool isfloat, const char* digits, const char* end);
   void scankeyword(unsigned char c);
   int scanword(unsigned char c);
 

@@ -17,16 +17,7 @@ constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                               1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr uint64_t kExactMantissa = uint64_t{1} << 53;
 constexpr int64_t kExponentLimit = 100000000;
-// Up to this many digits the mantissa cannot wrap: 10^19 < 2^64.
-constexpr size_t kExactDigits = 19;
-
-// A number's value as mantissa times ten to exponent.
-struct Decimal {
-  uint64_t mantissa = 0;  // wrapped when exact is false: the text then decides
-  int64_t exponent = 0;
-  bool exact = true;
-  bool negative = false;
-};
+using Decimal = lexanrib::Decimal;
 
 inline bool isDigit(char c) {
   return c >= '0' && c <= '9';
@@ -129,6 +120,11 @@ int16_t lexanrib::convertnumber() {
   }
   if (p != end) return LEXNONE;
   number.exact = count <= kExactDigits;
+  return valuenumber(number, isfloat, digits, end);
+}
+
+int16_t lexanrib::valuenumber(const Decimal& number, bool isfloat, const char* digits,
+                              const char* end) {
   if (isfloat) {
     floatvalue = toFloat(number, digits, end);
     return LEXFLOAT;

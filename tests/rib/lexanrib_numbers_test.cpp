@@ -1,0 +1,115 @@
+// ASCII numbers read the same whether the scanner takes them where they lie
+// in the source's block or byte by byte near its end, and every decimal a
+// scene writer produces reads as the float nearest to it.
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "rib/lexanrib.h"
+#include "tests/rib/lexanrib_test_support.h"
+
+using lexantest::Scan;
+using lexantest::tokens;
+using Words = std::vector<std::string>;
+
+namespace {
+
+// Far more than the look-ahead the in-place reading wants.
+const std::string kPadding(100, ' ');
+
+TEST(LexanribNumbersBothWays, ReadTheSameInPlaceAndByteByByte) {
+  const std::string digits40(40, '7');
+  const std::vector<std::string> inputs = {
+      "0 -0 +0 7 -7 +7 .5 -.5 +.5 0.134364 -12.5 850 00012 1.000",
+      "2147483647 -2147483648 2147483648 -2147483649 123456789012345678901234567890",
+      "999999999 1000000000 -999999999 -1000000000",
+      "0.1234567890123456789 1234567890.12345678 9007199254740993.0 " + digits40 + ".5",
+      "12[ 12] 12\"s\" 12#x\n3 1\t2\r3\n4 [1 2]",
+      "12abc 1 1.2.3 1 12-3 1 5. 1 . 1 + 1 - 1 1e 1 .e5 1 1.5x 1",
+      "1e5 1E5 1e+5 -1.5e-3 .5e1 1e39 -1e400 1e-400",
+      // Longer than the in-place room: byte by byte wherever they stand.
+      digits40 + digits40 + " -0." + digits40 + digits40,
+  };
+  for (const std::string& input : inputs) {
+    EXPECT_EQ(tokens(input + kPadding), tokens(input)) << input;
+  }
+  EXPECT_EQ(tokens(std::string("12\x80\x05", 4) + kPadding),
+            (Words{"THROW 16 Invalid number", "INT 5", "EOF"}));
+  EXPECT_EQ(tokens("2147483648 -2147483649 0.1234567890123456789 " + kPadding),
+            (Words{"INT 2147483647", "INT -2147483648", "FLOAT 0.123456791", "EOF"}));
+}
+
+TEST(LexanribNumbersBothWays, MalformedNumberInPlaceQuotesTheWholeWord) {
+  Scan scan("1.2.3x " + kPadding);
+  EXPECT_THROW(scan.lex.next(), RIBException);
+  EXPECT_STREQ(scan.lex.text.data, "1.2.3x");
+}
+
+TEST(LexanribNumbersBothWays, TextHoldsTheNumberRead) {
+  Scan scan("-0.134364 7" + kPadding);
+  ASSERT_EQ(scan.lex.next(), LEXFLOAT);
+  EXPECT_STREQ(scan.lex.text.data, "-0.134364");
+  EXPECT_EQ(scan.lex.text.count, 10u);
+  ASSERT_EQ(scan.lex.next(), LEXINT);
+  EXPECT_STREQ(scan.lex.text.data, "7");
+}
+
+// A value as a scene writer prints it, with the float and integer it must read as.
+struct Written {
+  std::string text;
+  bool isInt;
+  float nearest;
+  int32_t integer;
+};
+
+std::vector<Written> sceneNumbers(int count) {
+  std::mt19937 random(11);
+  std::uniform_real_distribution<double> unit(0.0, 1.0);
+  const char* formats[] = {"%.6g", "%.6g", "%.7g", "%.3f", "%.0f"};
+  std::vector<Written> numbers;
+  for (int i = 0; i < count; ++i) {
+    // Magnitudes from 1e-7 to 1e7, either sign, in the styles exporters use.
+    double value = std::pow(10.0, unit(random) * 14 - 7) * (random() % 2 ? -1 : 1);
+    char text[64];
+    std::snprintf(text, sizeof text, formats[random() % 5], value);
+    Written w{text, false, 0, 0};
+    std::from_chars(text, text + w.text.size(), w.nearest);
+    w.isInt = w.text.find_first_of(".e") == std::string::npos;
+    if (w.isInt) std::from_chars(text, text + w.text.size(), w.integer);
+    numbers.push_back(w);
+  }
+  return numbers;
+}
+
+TEST(LexanribNumbersExact, SceneDecimalsReadAsTheNearestFloat) {
+  // Enough for many of the source's blocks, so that their edges cut numbers
+  // at every place; the separators vary as in real files.
+  const std::vector<Written> numbers = sceneNumbers(150000);
+  const char* separators[] = {" ", "\n", "\t", " [", "] ", "  "};
+  std::string input;
+  for (size_t i = 0; i < numbers.size(); ++i) input += numbers[i].text + separators[i % 6];
+  Scan scan(input);
+  int failures = 0;
+  for (const Written& w : numbers) {
+    int16_t kind = scan.lex.next();
+    while (kind == '[' || kind == ']') kind = scan.lex.next();
+    if (w.isInt) {
+      ASSERT_EQ(kind, LEXINT) << w.text;
+      if (scan.lex.intvalue != w.integer && failures++ < 5) ADD_FAILURE() << w.text;
+    } else {
+      ASSERT_EQ(kind, LEXFLOAT) << w.text;
+      if (std::bit_cast<uint32_t>(scan.lex.floatvalue) != std::bit_cast<uint32_t>(w.nearest) &&
+          failures++ < 5)
+        ADD_FAILURE() << w.text << " read as " << scan.lex.floatvalue;
+    }
+  }
+  EXPECT_EQ(failures, 0);
+}
+
+}  // namespace
