@@ -170,6 +170,9 @@ int16_t lexanrib::scan() {
           break;
         }
       }
+      // Binary numbers, the commonest binary tokens after float arrays,
+      // are taken with the same cursor.
+      if (c <= 0x8F && action == kBinary) return thistoke = scanbinnumber(in, c);
     }
     switch (action) {
       case kSkip:

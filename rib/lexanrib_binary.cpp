@@ -5,8 +5,8 @@
 
 #include "rib/lexanrib.h"
 
+// Numbers (0x80-0x8F) are taken by scan itself.
 int16_t lexanrib::scanbinary(unsigned char c) {
-  if (c <= 0x8F) return scanbinnumber(c);
   if (c <= 0xA3) return scanbinstring(c);
   switch (c) {
     case 0xA4:
@@ -54,14 +54,18 @@ uint32_t bigEndian4(const unsigned char* at) {
 }
 
 // A read that fails adds nothing, so a cut stream gives a short value.
-uint32_t takeBytes(bytesource::cursor& in, unsigned n) {
-  if (in.buffered() >= n) return bigEndian(in.take(n), n);
+[[gnu::noinline]] uint32_t takeBytesOneByOne(bytesource::cursor& in, unsigned n) {
   uint32_t value = 0;
   for (; n > 0; --n) {
     unsigned char b;
     if (in.get(b)) value = value * 256 + b;
   }
   return value;
+}
+
+inline uint32_t takeBytes(bytesource::cursor& in, unsigned n) {
+  if (in.buffered() >= n) return bigEndian(in.take(n), n);
+  return takeBytesOneByOne(in, n);
 }
 
 }  // namespace
@@ -72,10 +76,16 @@ uint32_t lexanrib::scanbinlong(uint16_t n) {
 }
 
 // 1000ddww: w + 1 value bytes, d of them (or more) fraction bytes.
-int16_t lexanrib::scanbinnumber(unsigned char c) {
+int16_t lexanrib::scanbinnumber(bytesource::cursor& in, unsigned char c) {
   unsigned fraction = (c >> 2) & 3;
   unsigned width = c & 3;
-  intvalue = static_cast<int32_t>(scanbinlong(static_cast<uint16_t>(width + 1)));
+  if (in.buffered() >= 4) {
+    // Four bytes looked at, the value's first; only those are taken.
+    intvalue = static_cast<int32_t>(bigEndian4(in.peek()) >> (8 * (3 - width)));
+    in.take(width + 1);
+  } else {
+    intvalue = static_cast<int32_t>(takeBytes(in, width + 1));
+  }
   if (fraction == 0) return LEXINT;
   // Dividing by a power of two is exact in double; the narrowing rounds once.
   floatvalue = static_cast<float>(intvalue / static_cast<double>(1u << (8 * fraction)));
