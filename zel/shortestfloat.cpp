@@ -276,6 +276,12 @@ char* write(char* out, const Decimal& d) {
 char* writeShortest(char* first, float value) {
   const uint32_t bits = std::bit_cast<uint32_t>(value);
   const uint32_t field = (bits >> 23) & 0xFF;
+  if ((bits & 0x7FFFFFFF) == 0) {  // a zero, common enough to spare the general way
+    *first = '-';
+    first += bits >> 31;
+    *first = '0';
+    return first + 1;
+  }
   if (field < kLowestField || field > kHighestField)
     return std::to_chars(first, first + kShortestFloatChars, value).ptr;
   *first = '-';
