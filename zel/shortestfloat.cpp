@@ -17,7 +17,7 @@
 //   with the bits shifted out telling whether the result is exact. The
 //   bounds then hold a few hundred to a few ten thousand integers, so the
 //   shortest decimal lies at one of two known digit positions.
-// Other magnitudes go to std::to_chars.
+// Other magnitudes go to std::to_chars when the quick way cannot tell.
 //
 // Values in a scene vary in sign, length and magnitude from one to the next,
 // so the common path avoids branches on them: digits are written in a fixed
@@ -57,8 +57,11 @@ constexpr uint64_t kPow10[] = {1ull,
                                100000000000000000ull,
                                1000000000000000000ull};
 
-constexpr double kPow10Double[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
-                                   1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
+// Exact up to 10^22, the nearest double beyond.
+constexpr double kPow10Double[] = {
+    1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22, 1e23, 1e24, 1e25, 1e26, 1e27, 1e28, 1e29, 1e30, 1e31,
+    1e32, 1e33, 1e34, 1e35, 1e36, 1e37, 1e38, 1e39, 1e40, 1e41, 1e42, 1e43, 1e44, 1e45};
 
 // Exponent fields handled here: from 101 (2^-26, where twice 10^s still fits
 // in 64 bits) to 151 (below 2^25, where every float still has a fraction bit).
@@ -101,9 +104,9 @@ uint64_t digitBytes(uint32_t n) {
 // ---- The quick way --------------------------------------------------------
 
 constexpr int kQuickDigits = 7;
-// The scaled value is off by at most 2^-53 * 10^7 (one rounding of a product
-// with an exact power of ten); decisions that need more precision than this
-// margin go to the exact way.
+// The scaled value is off by at most 2^-52 * 10^7 (the rounding of the power
+// of ten, exact up to 10^22, and of the product); decisions that need more
+// precision than this margin go to the exact way.
 constexpr double kQuickMargin = 1e-8;
 
 // The decimal of the quick way, or false when it cannot tell.
@@ -276,19 +279,22 @@ char* write(char* out, const Decimal& d) {
 char* writeShortest(char* first, float value) {
   const uint32_t bits = std::bit_cast<uint32_t>(value);
   const uint32_t field = (bits >> 23) & 0xFF;
-  if ((bits & 0x7FFFFFFF) == 0) {  // a zero, common enough to spare the general way
+  const uint32_t fraction = bits & 0x7FFFFF;
+  if (field == 0 && fraction == 0) {  // a zero, common enough to spare the general way
     *first = '-';
     first += bits >> 31;
     *first = '0';
     return first + 1;
   }
-  if (field < kLowestField || field > kHighestField)
-    return std::to_chars(first, first + kShortestFloatChars, value).ptr;
+  Decimal d;
+  // Subnormal numbers have fewer bits than the quick way assumes.
+  if (field == 0 || !quickShortest(value, field, fraction, d)) {
+    if (field < kLowestField || field > kHighestField)
+      return std::to_chars(first, first + kShortestFloatChars, value).ptr;
+    d = exactDecimal(field, fraction);
+  }
   *first = '-';
   first += bits >> 31;
-  const uint32_t fraction = bits & 0x7FFFFF;
-  Decimal d;
-  if (!quickShortest(value, field, fraction, d)) d = exactDecimal(field, fraction);
   return write(first, d);
 }
 
