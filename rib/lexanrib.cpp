@@ -170,9 +170,6 @@ int16_t lexanrib::scan() {
           break;
         }
       }
-      // Binary numbers, the commonest binary tokens after float arrays,
-      // are taken with the same cursor.
-      if (c <= 0x8F && action == kBinary) return thistoke = scanbinnumber(in, c);
     }
     switch (action) {
       case kSkip:
@@ -190,6 +187,8 @@ int16_t lexanrib::scan() {
       case kBracket:
         return c;
       case kBinary:
+        // Numbers, the commonest binary tokens after float arrays, directly.
+        if (c <= 0x8F) return thistoke = scanbinnumber(c);
         thistoke = scanbinary(c);
         if (thistoke == LEXNONE) continue;
         return thistoke;

@@ -153,7 +153,7 @@ class lexanrib {
 
   int16_t scanbinary(unsigned char c);
   uint32_t scanbinlong(uint16_t n);
-  int16_t scanbinnumber(bytesource::cursor& in, unsigned char c);
+  int16_t scanbinnumber(unsigned char c);
   int16_t scanbinstring(unsigned char c);
   int16_t scanbinfloat(unsigned char c);
   int16_t scanbindouble(unsigned char c);

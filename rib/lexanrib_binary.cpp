@@ -76,7 +76,8 @@ uint32_t lexanrib::scanbinlong(uint16_t n) {
 }
 
 // 1000ddww: w + 1 value bytes, d of them (or more) fraction bytes.
-int16_t lexanrib::scanbinnumber(bytesource::cursor& in, unsigned char c) {
+int16_t lexanrib::scanbinnumber(unsigned char c) {
+  bytesource::cursor in(stream);
   unsigned fraction = (c >> 2) & 3;
   unsigned width = c & 3;
   if (in.buffered() >= 4) {
