@@ -1,5 +1,6 @@
 #include "zel/jsonformat.h"
 
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -127,6 +128,24 @@ class Chunk {
   size_t used_ = 0;
 };
 
+// Whether specialFloat has a text for the value: a NaN, an infinity or -0.
+bool isSpecial(float value) {
+  const uint32_t bits = std::bit_cast<uint32_t>(value);
+  return (bits & 0x7F800000) == 0x7F800000 || bits == 0x80000000;
+}
+
+char* writeNumber(char* at, float value) {
+  if (!isSpecial(value)) return writeShortest(at, value);
+  const char* special = specialFloat(value);
+  const size_t length = std::strlen(special);
+  std::memcpy(at, special, length);
+  return at + length;
+}
+
+char* writeNumber(char* at, int32_t value) {
+  return std::to_chars(at, at + 12, value).ptr;
+}
+
 template <typename Number>
 void appendArray(std::string& out, const Number* values, size_t n) {
   if (values == nullptr) {
@@ -138,19 +157,9 @@ void appendArray(std::string& out, const Number* values, size_t n) {
     Chunk chunk(out);
     for (size_t i = 0; i < n; ++i) {
       char* at = chunk.reserve();
-      if (i > 0) *at++ = ',';
-      Number value = values[i];
-      if constexpr (std::is_same_v<Number, float>) {
-        if (const char* special = specialFloat(value)) {
-          size_t length = std::strlen(special);
-          std::memcpy(at, special, length);
-          chunk.advance(at + length);
-        } else {
-          chunk.advance(writeShortest(at, value));
-        }
-      } else {
-        chunk.advance(std::to_chars(at, at + Chunk::kNumberBytes - 1, value).ptr);
-      }
+      *at = ',';
+      at += i > 0;
+      chunk.advance(writeNumber(at, values[i]));
     }
   }
   out += ']';

@@ -116,9 +116,11 @@ bool quickShortest(float value, uint32_t field, uint32_t fraction, Decimal& d) {
   if (k < 1) return false;
   double scaled = v * kPow10Double[k];
   if (scaled >= kPow10Double[kQuickDigits]) scaled = v * kPow10Double[--k];
-  // Half the distance to the neighbours in scaled units (the one below is
-  // half as far for a power of two). Below 1/2 at most one integer fits.
-  const double half = scaled / static_cast<double>(2 * (fraction | (uint32_t{1} << 23)));
+  // Half the distance to the neighbours, 2^(field - 151), in scaled units
+  // (the one below is half as far for a power of two). Below 1/2 at most one
+  // integer fits.
+  const double halfGap = std::bit_cast<double>(uint64_t{field - 151 + 1023} << 52);
+  const double half = kPow10Double[k] * halfGap;
   if (half > 0.5 - kQuickMargin) return false;
   double integer = static_cast<double>(static_cast<int64_t>(scaled + 0.5));
   const double offset = integer - scaled;  // exact: both lie within 1 of each other
