@@ -1,6 +1,8 @@
 // The typed argument readers. Each either consumes what it expects and moves
 // the look-ahead on, or reports once, resynchronises with panic and returns 0.
+#include <algorithm>
 #include <cinttypes>
+#include <cstdint>
 #include <type_traits>
 
 #include "rib/parserib.h"
@@ -143,6 +145,14 @@ class ArrayFiller {
     return data_[count_++];
   }
 
+  // The next n elements, counted from now on.
+  T* next(uint32_t n) {
+    while (capacity_ - count_ < n) grow();
+    T* at = data_ + count_;
+    count_ += n;
+    return at;
+  }
+
  private:
   void grow() {
     a_.count = count_;
@@ -164,6 +174,29 @@ class ArrayFiller {
   uint32_t capacity_;
 };
 
+// Inside a binary float array the scanner holds the rest of the array's
+// elements, the current token's value being the one before them. As many as
+// the array being read takes (whole points for a point array, at most
+// `room` items) move over in one go, and the scanner and the current token
+// end where reading them token by token would leave them. Returns the items
+// taken; 0 when not even one whole item is there.
+template <typename T>
+uint32_t takeFloatRun(lexanrib& lex, ArrayFiller<T>& fill, int16_t& token, int64_t room) {
+  constexpr uint32_t kPerItem = std::is_array_v<T> ? 3 : 1;
+  const uint32_t left = lex.floats.count - lex.floatindex;  // after the current one
+  const uint32_t items = static_cast<uint32_t>(std::min<int64_t>((left + 1) / kPerItem, room));
+  if (items == 0) return 0;
+  float* to = reinterpret_cast<float*>(fill.next(items));
+  const float* from = lex.floats.data + lex.floatindex;
+  const uint32_t more = items * kPerItem - 1;
+  to[0] = lex.floatvalue;
+  std::copy(from, from + more, to + 1);
+  lex.floatindex += more;
+  if (more > 0) lex.floatvalue = from[more - 1];
+  token = lex.next();
+  return items;
+}
+
 }  // namespace
 
 template <typename T>
@@ -184,6 +217,15 @@ int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
     {
       ArrayFiller<T> fill(a, lex);
       while ((n < 0 || count < n) && ArrayTraits<T>::admits(token)) {
+        if constexpr (!std::is_same_v<T, int32_t>) {
+          if (token == LEXFLOAT && lex.infloats) {
+            const int64_t room = n < 0 ? INT64_MAX : int64_t{n} - count;
+            if (const uint32_t items = takeFloatRun(lex, fill, token, room)) {
+              count += static_cast<int32_t>(items);
+              continue;
+            }
+          }
+        }
         if constexpr (std::is_array_v<T>) {
           // Only the first number decides; a point once begun needs all three.
           float* point = fill.next();

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -217,6 +219,72 @@ TEST(MatchValues, ArrayIsEmptiedEvenWhenTheReadFailsAtOnce) {
   ReportCollector reports;
   EXPECT_EQ(p.primed().match(a, -1, 1), 0);
   EXPECT_EQ(a.count, 0u);
+}
+
+// A binary float array ("0xC8 n" and n big-endian floats) holding 1, 2, ... n.
+std::string binaryFloats(int n) {
+  std::string bytes = {static_cast<char>(0xC8), static_cast<char>(n)};
+  for (int i = 1; i <= n; ++i) {
+    const uint32_t bits = std::bit_cast<uint32_t>(static_cast<float>(i));
+    for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(bits >> shift);
+  }
+  return bytes;
+}
+
+struct BinaryCase {
+  const char* name;
+  int elements;
+  Reader read;
+  int32_t result;
+  const char* report;
+};
+
+// The elements of a binary array are taken by the array readers in one go;
+// results, reports and where the reading stops are those of single tokens.
+TEST(MatchBinaryArrays, ReadAsTokenByToken) {
+  const BinaryCase cases[] = {
+      {"all floats", 4, floats(-1, 0), 4, nullptr},
+      {"fewer floats than the array", 4, floats(3, 0), 0,
+       "RIB error: general syntactic error at line 1 '': Expected character ']'"},
+      {"whole points", 6, points(-1, 1), 2, nullptr},
+      {"a point cut short", 5, points(-1, 1), 0,
+       "RIB error: general syntactic error at line 1 '': Expected float"},
+      {"too few points", 3, points(2, 1), 0,
+       "RIB error: incorrect parameter value at line 1 '': Expected 2 points"},
+      {"a single point", 3, points(1, 0), 1, nullptr},
+  };
+  for (const BinaryCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    ReportCollector reports;
+    RecordingParser p(binaryFloats(c.elements) + " WorldEnd");
+    EXPECT_EQ(c.read(p.primed()), c.result);
+    if (c.report) {
+      EXPECT_EQ(reports.lines(), std::vector<std::string>{c.report});
+    } else {
+      EXPECT_TRUE(reports.lines().empty()) << reports.lines().front();
+    }
+    EXPECT_EQ(p.token, LEXKEYWORD);
+  }
+}
+
+TEST(MatchBinaryArrays, ValuesAndScannerStateAfterTheRun) {
+  ReportCollector reports;
+  RecordingParser p(binaryFloats(7) + binaryFloats(6));
+  p.primed();
+  Array<float> f;
+  ASSERT_EQ(p.match(f, 5, 1), 0) << "five of seven, then no ']'";
+  RecordingParser q(binaryFloats(7) + binaryFloats(6));
+  q.primed();
+  ASSERT_EQ(q.match(f, -1, 1), 7);
+  EXPECT_EQ(std::vector<float>(f.data, f.data + f.count),
+            (std::vector<float>{1, 2, 3, 4, 5, 6, 7}));
+  EXPECT_EQ(q.lex.floatvalue, 7.0f) << "the last element, as single tokens leave it";
+  EXPECT_EQ(q.token, '[');
+  Array<float[3]> pts;
+  ASSERT_EQ(q.match(pts, -1, 1), 2);
+  EXPECT_EQ(pts.data[0][0], 1);
+  EXPECT_EQ(pts.data[1][2], 6);
+  EXPECT_EQ(q.token, LEXEOF);
 }
 
 }  // namespace
