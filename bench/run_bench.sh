@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Throughput benchmark of rib2zel: generates the workload scene (ASCII RIB) and
 # its binary twin, converts each a few times end to end and in parse-only mode,
-# and prints the median wall time, MB/s, requests per second and peak resident
-# memory of each (measured by tools/runstat). See bench/README.md.
+# and prints the median wall time, MB/s, requests per second, peak resident
+# memory and median CPU time of each (measured by tools/runstat). See
+# bench/README.md.
 set -euo pipefail
 
 usage() {
@@ -78,10 +79,11 @@ requests=$(awk '{ print $3 }' "$stats")
 
 # --- measuring -----------------------------------------------------------------
 failed=0
-# Times one command: sets `seconds` (wall) and `rss_kb` (peak resident set).
+# Times one command: sets `seconds` (wall), `rss_kb` (peak resident set) and
+# `cpu` (user + system seconds).
 time_once() {
   local status
-  read -r seconds rss_kb status < <("$runstat" "$work/stderr.txt" "$@")
+  read -r seconds rss_kb status cpu < <("$runstat" "$work/stderr.txt" "$@")
   if [ "$status" -ne 0 ]; then
     echo "run_bench: '$*' exited with status $status:" >&2
     head -n 5 "$work/stderr.txt" >&2
@@ -91,27 +93,31 @@ time_once() {
 
 median() { sort -g | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 
-printf '%-22s %10s %10s %10s %12s %10s\n' "case" "MB" "median s" "MB/s" "requests/s" "peak MB"
-report() {  # label, input file, times file, largest rss in KB
-  local mb med
+printf '%-22s %10s %10s %10s %12s %10s %10s\n' "case" "MB" "median s" "MB/s" "requests/s" \
+  "peak MB" "median cpu"
+report() {  # label, input file, times file, largest rss in KB, cpu times file
+  local mb med cpumed
   mb=$(awk -v b="$(stat -c %s "$2")" 'BEGIN { printf "%.1f", b / 1e6 }')
   med=$(median <"$3")
-  awk -v l="$1" -v mb="$mb" -v s="$med" -v r="$requests" -v k="$4" 'BEGIN {
+  cpumed=$(median <"$5")
+  awk -v l="$1" -v mb="$mb" -v s="$med" -v r="$requests" -v k="$4" -v c="$cpumed" 'BEGIN {
     rps = l ~ /^cat/ ? "-" : sprintf("%.0f", r / s)  # cat reads no requests
-    printf "%-22s %10.1f %10.3f %10.1f %12s %10.1f\n", l, mb, s, mb / s, rps, k / 1024 }'
+    printf "%-22s %10.1f %10.3f %10.1f %12s %10.1f %10.3f\n", l, mb, s, mb / s, rps, k / 1024, c }'
 }
 
 run_case() {  # label, input, command...
   local label=$1 input=$2
   shift 2
-  local times=$work/times.txt peak=0
+  local times=$work/times.txt cpus=$work/cpus.txt peak=0
   : >"$times"
+  : >"$cpus"
   for _ in $(seq "$runs"); do
     time_once "$@"
     echo "$seconds" >>"$times"
+    echo "$cpu" >>"$cpus"
     if [ "$rss_kb" -gt "$peak" ]; then peak=$rss_kb; fi
   done
-  report "$label" "$input" "$times" "$peak"
+  report "$label" "$input" "$times" "$peak" "$cpus"
 }
 
 # `cat` first: it also brings both files into the page cache.
@@ -135,5 +141,5 @@ fi
 if [ "$keep" -eq 0 ]; then
   rm -f "$work/ascii.zel" "$work/binary.zel"
 fi
-rm -f "$work/stderr.txt" "$work/times.txt"
+rm -f "$work/stderr.txt" "$work/times.txt" "$work/cpus.txt"
 exit "$failed"

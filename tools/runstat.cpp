@@ -1,5 +1,7 @@
 // runstat: runs one command and prints its wall time in seconds, its peak
-// resident memory in KB and its exit status on one line, for the benchmark.
+// resident memory in KB, its exit status and its CPU time in seconds (user
+// and system: on a shared machine the wall time also holds others' work) on
+// one line, for the benchmark.
 // A small C++ parent keeps the measured peak honest: a child's peak includes
 // the memory of the parent it was forked from, until its exec.
 #include <fcntl.h>
@@ -28,7 +30,7 @@ int main(int argc, char** argv) {
     std::fputs(
         "Usage: runstat ERRFILE COMMAND [ARG...]\n"
         "Runs COMMAND with its output discarded and its standard error in ERRFILE, and\n"
-        "prints: wall-seconds peak-resident-KB exit-status\n",
+        "prints: wall-seconds peak-resident-KB exit-status cpu-seconds (user + system)\n",
         stderr);
     return 2;
   }
@@ -55,6 +57,8 @@ int main(int argc, char** argv) {
   }
   double seconds = now() - start;
   int exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  std::printf("%.4f %ld %d\n", seconds, static_cast<long>(usage.ru_maxrss), exitStatus);
+  const double cpu = static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
+                     static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+  std::printf("%.4f %ld %d %.4f\n", seconds, static_cast<long>(usage.ru_maxrss), exitStatus, cpu);
   return 0;
 }
