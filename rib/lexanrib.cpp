@@ -101,7 +101,12 @@ __attribute__((always_inline)) inline int16_t lexanrib::scaninplace(unsigned cha
   p += negative || *p == '+';
   const unsigned char* const digits = p;
   uint64_t m = 0;
-  p = digitrun::take(p, limit, m);
+  if (is(p[0], kDigit) && p[1] == '.') {  // one digit before the point, as most have
+    m = p[0] - '0';
+    ++p;
+  } else {
+    p = digitrun::take(p, limit, m);
+  }
   const size_t whole = static_cast<size_t>(p - digits);
   size_t places = 0;
   const bool point = *p == '.';
@@ -113,8 +118,13 @@ __attribute__((always_inline)) inline int16_t lexanrib::scaninplace(unsigned cha
   if (p >= limit || !(point ? places > 0 : whole > 0) || !is(*p, kNumberEnd)) return LEXNONE;
 
   const uint32_t length = static_cast<uint32_t>(p - start);
-  while (text.capacity <= length) text.grow();
-  std::memcpy(text.data, start, length);
+  constexpr uint32_t kBlock = 16;
+  if (length < kBlock && text.capacity >= kBlock) {
+    std::memcpy(text.data, start, kBlock);  // a whole block is cheaper than counting bytes
+  } else {
+    while (text.capacity <= length) text.grow();
+    std::memcpy(text.data, start, length);
+  }
   text.data[length] = '\0';
   text.count = length + 1;
   in.take(static_cast<size_t>(p - in.peek()));
