@@ -74,7 +74,8 @@ constexpr int kHighestField = 151;
 // wrote, which stalls.
 using Text = unsigned __int128;
 
-constexpr Text kZeros = Text{0x3030303030303030ull} << 64 | 0x3030303030303030ull;
+constexpr uint64_t kZeroCharacters = 0x3030303030303030ull;
+constexpr Text kZeros = Text{kZeroCharacters} << 64 | kZeroCharacters;
 constexpr Text kZeroPoint = (kZeros & ~Text{0xFF00}) | Text{'.'} << 8;  // "0.000..."
 
 // value = (the first `count` characters of `digits`) * 10^exponent. The
@@ -109,8 +110,17 @@ constexpr int kQuickDigits = 7;
 // precision than this margin go to the exact way.
 constexpr double kQuickMargin = 1e-8;
 
-// The decimal of the quick way, or false when it cannot tell.
-bool quickShortest(float value, uint32_t field, uint32_t fraction, Decimal& d) {
+// The quick way's seven digits: the value is `digits` * 10^-k, the digits
+// are characters in a word, the first in the lowest byte (never '0') and a
+// '0' after the seventh, and `zeros` of the seven are trailing zeros.
+struct Seven {
+  uint64_t digits;
+  int zeros;
+  int k;
+};
+
+// The quick way, or false when it cannot tell.
+bool quickShortest(float value, uint32_t field, uint32_t fraction, Seven& s) {
   const double v = std::fabs(static_cast<double>(value));
   int k = kQuickDigits - 1 - floorLog10Pow2(static_cast<int>(field) - 127);
   if (k < 1) return false;
@@ -133,11 +143,38 @@ bool quickShortest(float value, uint32_t field, uint32_t fraction, Decimal& d) {
   // Seven digits, so the first of eight is 0: drop it. The top byte is then
   // 0, and so are the bytes of trailing zero digits below it.
   const uint64_t seven = digitBytes(static_cast<uint32_t>(integer)) >> 8;
-  const int zeros = std::countl_zero(seven) / 8 - 1;
-  d.digits = seven + kZeros;
-  d.count = kQuickDigits - zeros;
-  d.exponent = zeros - k;
+  s.zeros = std::countl_zero(seven) / 8 - 1;
+  s.digits = seven + kZeroCharacters;
+  s.k = k;
   return true;
+}
+
+void store8(char* at, uint64_t characters) {
+  std::memcpy(at, &characters, sizeof characters);
+}
+
+// Fixed notation for the quick way's digits, which covers nearly all of
+// them and needs no more than a word at a time; null where scientific
+// notation is shorter. The point stands after 7 - k digits, whatever the
+// trailing zeros.
+char* writeSevenFixed(char* out, const Seven& s) {
+  const int count = kQuickDigits - s.zeros;
+  const int scientificLength = count + (count > 1) + 4;
+  const int whole = kQuickDigits - s.k;  // digits before the point
+  if (whole <= 0) {                      // "0.", zeros, then the digits
+    const int length = 2 + s.k - s.zeros;
+    if (length > scientificLength) return nullptr;
+    std::memcpy(out, "0.00000000000000", 16);
+    store8(out + 2 - whole, s.digits);
+    return out + length;
+  }
+  store8(out, s.digits);
+  if (s.zeros >= s.k) {  // a whole number: digits, then the zeros among them
+    return whole > scientificLength ? nullptr : out + whole;
+  }
+  out[whole] = '.';
+  store8(out + whole + 1, s.digits >> (8 * whole));
+  return out + count + 1;
 }
 
 // ---- The exact way --------------------------------------------------------
@@ -289,14 +326,20 @@ char* writeShortest(char* first, float value) {
     return first + 1;
   }
   Decimal d;
+  Seven s;
   // Subnormal numbers have fewer bits than the quick way assumes.
-  if (field == 0 || !quickShortest(value, field, fraction, d)) {
+  if (field != 0 && quickShortest(value, field, fraction, s)) {
+    *first = '-';
+    first += bits >> 31;
+    if (char* end = writeSevenFixed(first, s)) return end;
+    d = {Text{kZeroCharacters} << 64 | s.digits, kQuickDigits - s.zeros, s.zeros - s.k};
+  } else {
     if (field < kLowestField || field > kHighestField)
       return std::to_chars(first, first + kShortestFloatChars, value).ptr;
     d = exactDecimal(field, fraction);
+    *first = '-';
+    first += bits >> 31;
   }
-  *first = '-';
-  first += bits >> 31;
   return write(first, d);
 }
 
