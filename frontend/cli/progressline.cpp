@@ -24,7 +24,12 @@ void progressline::update(uint64_t bytes, double fraction, clock::time_point now
 
 void progressline::erase() {
   if (shownLength_ == 0) return;
-  write_("\r" + std::string(shownLength_, ' ') + "\r");
+  // Built in place: g++ 12 at -O3 takes "\r" + std::string(...) for an
+  // overlapping copy and stops the build.
+  std::string blank(shownLength_ + 2, ' ');
+  blank.front() = '\r';
+  blank.back() = '\r';
+  write_(blank);
   shownLength_ = 0;
 }
 
