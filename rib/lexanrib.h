@@ -51,6 +51,26 @@ class lexanrib {
     return scan();
   }
 
+  // next() for a binary integer (0x80 to 0x83) that the source's block
+  // holds whole: taken as next() takes it, without a call, for the index
+  // arrays of meshes. False, with nothing taken, for any other token.
+  bool nextbinint() {
+    if (infloats) return false;
+    bytesource::cursor in(stream);
+    // The header and four bytes are looked at; only the value's are taken.
+    if (in.buffered() < 5) return false;
+    const unsigned char* at = in.peek();
+    if ((at[0] & 0xFC) != 0x80) return false;
+    const unsigned width = (at[0] & 3) + 1u;
+    const uint32_t four =
+        uint32_t{at[1]} << 24 | uint32_t{at[2]} << 16 | uint32_t{at[3]} << 8 | at[4];
+    in.take(1 + width);
+    lastline = line;
+    intvalue = static_cast<int32_t>(four >> (8 * (4 - width)));
+    thistoke = LEXINT;
+    return true;
+  }
+
   // The value of the current token. Calling the wrong one for thistoke is a
   // programming error and stops the program with a failed assertion.
   void get(int32_t& v) const {

@@ -234,7 +234,11 @@ int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
           }
         } else {
           lex.get(fill.next());
-          token = lex.next();
+          if constexpr (std::is_same_v<T, int32_t>) {
+            token = lex.nextbinint() ? LEXINT : lex.next();
+          } else {
+            token = lex.next();
+          }
         }
         ++count;
       }

@@ -267,6 +267,42 @@ TEST(MatchBinaryArrays, ReadAsTokenByToken) {
   }
 }
 
+// Binary integers of each width, among them an ASCII one and white space,
+// then a binary number with a fraction, which ends an integer array.
+TEST(MatchBinaryArrays, IntegersOfEveryWidth) {
+  const std::string first = {'[', '\x80', 5,      '\x81', 1,      0,      '\x82', 1,
+                             0,   0,      '\x83', '\xFF', '\xFF', '\xFF', '\xFF', ' ',
+                             '7', ' ',    '\x80', 2,      ' ',    '\x80', 3,      ']'};
+  const std::string second = {'[', '\x80', 5, '\x85', 1, '\x80', ']'};
+  RecordingParser p(first + second);
+  p.primed();
+  Array<int32_t> a;
+  ASSERT_EQ(p.match(a, -1, 1), 7);
+  EXPECT_EQ(std::vector<int32_t>(a.data, a.data + a.count),
+            (std::vector<int32_t>{5, 256, 65536, -1, 7, 2, 3}));
+  ReportCollector reports;
+  EXPECT_EQ(p.match(a, -1, 1), 0);
+  EXPECT_EQ(reports.lines(),
+            std::vector<std::string>{"RIB error: general syntactic error at line 1 '7': Expected "
+                                     "character ']'"});
+}
+
+TEST(MatchBinaryArrays, IntegersAcrossTheSourcesBlocks) {
+  // Four bytes an integer: the source's 64 KiB block edges cut some of them.
+  std::string input = "[";
+  const int count = 40000;
+  for (int i = 0; i < count; ++i) {
+    input += {static_cast<char>(0x82), static_cast<char>(i >> 16), static_cast<char>(i >> 8),
+              static_cast<char>(i)};
+  }
+  RecordingParser p(input + "]");
+  p.primed();
+  Array<int32_t> a;
+  ASSERT_EQ(p.match(a, -1, 1), count);
+  for (int i = 0; i < count; ++i) ASSERT_EQ(a.data[i], i);
+  EXPECT_EQ(p.token, LEXEOF);
+}
+
 TEST(MatchBinaryArrays, ValuesAndScannerStateAfterTheRun) {
   ReportCollector reports;
   RecordingParser p(binaryFloats(7) + binaryFloats(6));
