@@ -35,8 +35,7 @@ inline int leadingDigits(uint64_t characters, uint64_t& values) {
 // limit, to m (which wraps past 2^64: callers that care count the digits)
 // and returns where the run ends. Eight bytes are read from every p before
 // limit, so the seven bytes after limit must be readable too.
-inline const unsigned char* take(const unsigned char* p, const unsigned char* limit,
-                                 uint64_t& m) {
+inline const unsigned char* take(const unsigned char* p, const unsigned char* limit, uint64_t& m) {
   while (p < limit) {
     uint64_t characters;
     std::memcpy(&characters, p, sizeof characters);
