@@ -166,4 +166,9 @@ class rendrib : public parserib {
 
   // The quadrics' numbers and checked list (quadrics_objects_motion.cpp).
   int16_t matchQuadric(Array<float>& args, int32_t k, tokenvalue& params);
+
+  // MakeTexture and MakeBump (texture_errorhandler.cpp).
+  using WrappedTextureCall = RtVoid (*)(char*, char*, RtToken, RtToken, RtFilterFunc, RtFloat,
+                                        RtFloat, RtInt, RtToken[], RtPointer[]);
+  void makeWrappedTexture(WrappedTextureCall call);
 };

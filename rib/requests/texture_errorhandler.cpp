@@ -22,7 +22,8 @@ const NamedHandler kHandlers[] = {
 }  // namespace
 
 // The wrap words and file names pass unexamined; only the filter is looked up.
-void rendrib::MakeTexture() {
+// MakeTexture and MakeBump take the same arguments.
+void rendrib::makeWrappedTexture(WrappedTextureCall call) {
   String picture, texture, swrap, twrap;
   RtFilterFunc filter;
   float width[2];
@@ -31,21 +32,16 @@ void rendrib::MakeTexture() {
       !matchFilter(filter) || !matchFloats(width, 2) || !match(params, 0)) {
     return;
   }
-  RiMakeTextureV(ritext(picture), ritext(texture), ritext(swrap), ritext(twrap), filter, width[0],
-                 width[1], listCount(params), params.tokens.data, params.values.data);
+  call(ritext(picture), ritext(texture), ritext(swrap), ritext(twrap), filter, width[0], width[1],
+       listCount(params), params.tokens.data, params.values.data);
+}
+
+void rendrib::MakeTexture() {
+  makeWrappedTexture(RiMakeTextureV);
 }
 
 void rendrib::MakeBump() {
-  String picture, texture, swrap, twrap;
-  RtFilterFunc filter;
-  float width[2];
-  tokenvalue params;
-  if (!match(&picture) || !match(&texture) || !matchToken(&swrap) || !matchToken(&twrap) ||
-      !matchFilter(filter) || !matchFloats(width, 2) || !match(params, 0)) {
-    return;
-  }
-  RiMakeBumpV(ritext(picture), ritext(texture), ritext(swrap), ritext(twrap), filter, width[0],
-              width[1], listCount(params), params.tokens.data, params.values.data);
+  makeWrappedTexture(RiMakeBumpV);
 }
 
 void rendrib::MakeLatLongEnvironment() {
