@@ -4,6 +4,7 @@
 
 #include <cstdarg>
 #include <cstdint>
+#include <unordered_map>
 
 #include "foundation/Array.h"
 #include "foundation/String.h"
@@ -114,8 +115,13 @@ class lexanrib {
   float floatvalue;
   Array<char> text;        // last string, keyword or ASCII number, NUL-terminated
   Array<String> requests;  // binary request-code definitions
-  Array<String> strings;   // binary string-index definitions
-  Array<float> floats;     // binary float array under delivery
+  // Binary string-index definitions. The array reaches a little past the
+  // highest index defined so far; an index far beyond it goes to the map, so
+  // that a definition costs memory in proportion to its own text, whatever
+  // its index.
+  Array<String> strings;
+  std::unordered_map<uint16_t, String> farstrings;
+  Array<float> floats;  // binary float array under delivery
   int16_t infloats;
   uint32_t floatindex;
 
@@ -180,5 +186,6 @@ class lexanrib {
   int16_t scanbinfloats(unsigned char c);
   void definerequest();
   void definestring(unsigned char c);
-  void copytext(const Array<String>& table, uint32_t index);
+  const String* definedstring(uint32_t index) const;
+  void copytext(const String* s);
 };

@@ -5,6 +5,14 @@
 
 #include "rib/lexanrib.h"
 
+namespace {
+
+// How far past the table's end a string index may be defined and still grow
+// the table; real writers number their strings from 0 upwards.
+constexpr uint32_t kDenseReach = 256;
+
+}  // namespace
+
 // Numbers (0x80-0x8F) are taken by scan itself.
 int16_t lexanrib::scanbinary(unsigned char c) {
   if (c <= 0xA3) return scanbinstring(c);
@@ -16,7 +24,7 @@ int16_t lexanrib::scanbinary(unsigned char c) {
     case 0xA6: {
       unsigned char code;
       if (!stream.get(code)) return LEXEOF;  // cut off before its code: nothing to name
-      copytext(requests, code);
+      copytext(code < requests.count ? &requests.data[code] : nullptr);
       return LEXKEYWORD;
     }
     case 0xC8:
@@ -33,7 +41,7 @@ int16_t lexanrib::scanbinary(unsigned char c) {
       return LEXNONE;
     case 0xCF:
     case 0xD0:
-      copytext(strings, scanbinlong(c - 0xCE));
+      copytext(definedstring(scanbinlong(c - 0xCE)));
       return LEXSTRING;
     default:  // unassigned bytes end the stream
       return LEXEOF;
@@ -179,16 +187,31 @@ void lexanrib::definestring(unsigned char c) {
   } else {
     scanstring(b);
   }
-  strings(index) = String(text.data, text.count);
+  const String defined(text.data, text.count);
+  if (index < strings.count + kDenseReach) {
+    strings(index) = defined;
+    farstrings.erase(static_cast<uint16_t>(index));
+  } else {
+    farstrings[static_cast<uint16_t>(index)] = defined;
+  }
 }
 
-// An index beyond the table reads as an empty text and leaves the table alone.
-void lexanrib::copytext(const Array<String>& table, uint32_t index) {
+// A far definition stays in the map after the array has grown past its
+// index, so the map is asked first.
+const String* lexanrib::definedstring(uint32_t index) const {
+  if (!farstrings.empty()) {
+    auto far = farstrings.find(static_cast<uint16_t>(index));
+    if (far != farstrings.end()) return &far->second;
+  }
+  return index < strings.count ? &strings.data[index] : nullptr;
+}
+
+// An index never defined (a null s) reads as an empty text.
+void lexanrib::copytext(const String* s) {
   text.count = 0;
   TextCursor out(text);
-  if (index < table.count) {
-    const String& s = table.data[index];
-    for (uint16_t i = 0; i < s.size(); ++i) out.push(static_cast<unsigned char>(s.c_str()[i]));
+  if (s) {
+    for (uint16_t i = 0; i < s->size(); ++i) out.push(static_cast<unsigned char>(s->c_str()[i]));
   }
   out.push('\0');
 }

@@ -174,6 +174,29 @@ TEST(LexanribBinary, StringDefinitions) {
   EXPECT_EQ(scan.lex.strings.count, 0u);  // a lookup never grows the table
 }
 
+// An index far past the table is kept aside; the table growing past it later,
+// or the index being defined again, must still give its latest text.
+TEST(LexanribBinary, FarStringIndicesKeepTheirLatestText) {
+  const std::string far = bytes({0xCE, 0xFF, 0xF0, 0x91, 'f'});
+  const std::string readFar = bytes({0xD0, 0xFF, 0xF0});
+  expectTokens({
+      {far + readFar + bytes({0xCF, 0x00}), {"STRING f", "STRING ", "EOF"}},
+      {far + bytes({0xCE, 0xFF, 0xF1, 0x91, 'g'}) + readFar + bytes({0xD0, 0xFF, 0xF1}),
+       {"STRING f", "STRING g", "EOF"}},
+      {far + bytes({0xCE, 0xFF, 0xF0, 0x91, 'h'}) + readFar, {"STRING h", "EOF"}},
+  });
+  std::string climb = far;
+  for (unsigned i = 0; i <= 0xFFFF; i += 255) {
+    climb +=
+        bytes({0xCE, static_cast<unsigned char>(i >> 8), static_cast<unsigned char>(i), 0x91, 'd'});
+  }
+  expectTokens({{climb + readFar, {"STRING f", "EOF"}},
+                {climb + bytes({0xCE, 0xFF, 0xF0, 0x91, 'n'}) + readFar, {"STRING n", "EOF"}}});
+  Scan scan(far);
+  scan.lex.next();
+  EXPECT_EQ(scan.lex.strings.count, 0u);
+}
+
 TEST(LexanribBinary, DefinedTextStaysInTextUntilTheNextToken) {
   Reports reports;
   Scan scan(bytes({0xCD, 0x01, 0x92}) + "ab" + "[");
