@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "frontend/gui/msgwindow.h"
 #include "frontend/gui/progressdialog.h"
 #include "frontend/gui/rendapp.h"
 #include "frontend/gui/rendedit.h"
@@ -112,6 +113,21 @@ class ConvertTest : public QObject {
     QVERIFY(r.dialogShown);
     QCOMPARE(r.status, "Unable to open input file \"" + in + "\": No such file or directory");
     QCOMPARE(r.log, QString());
+  }
+
+  // /dev/full opens like any file and refuses the first block written, which
+  // a scene this large sends well before its end.
+  void aFullDiskEndsTheConversionWithTheWriteError() {
+    scratch dir;
+    convertresult r = convert(dir.write("a.rib", spheres(20000)), "/dev/full");
+    const QString reason =
+        "ZEL severe error: cannot write the scene file \"/dev/full\": No space left on device";
+    QVERIFY(r.dialogShown);
+    QCOMPARE(r.status, reason);
+    QCOMPARE(r.log, QString());
+    QVERIFY(gMsgWindow);
+    QCOMPARE(gMsgWindow->toPlainText(), reason);
+    gMsgWindow->window()->close();
   }
 
   void anUnwritableOutputShowsTheWarningAndConvertsNothing() {
