@@ -81,42 +81,7 @@ class Scope {
 }  // namespace failingallocator
 
 #ifdef FAILING_ALLOCATOR_DEFINE_OPERATORS
-void* operator new(size_t bytes) {
-  return failingallocator::allocate(bytes);
-}
-void* operator new[](size_t bytes) {
-  return failingallocator::allocate(bytes);
-}
-void* operator new(size_t bytes, const std::nothrow_t&) noexcept {
-  try {
-    return failingallocator::allocate(bytes);
-  } catch (...) {
-    return nullptr;
-  }
-}
-void* operator new[](size_t bytes, const std::nothrow_t&) noexcept {
-  try {
-    return failingallocator::allocate(bytes);
-  } catch (...) {
-    return nullptr;
-  }
-}
-void operator delete(void* p) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p) noexcept {
-  std::free(p);
-}
-void operator delete(void* p, size_t) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p, size_t) noexcept {
-  std::free(p);
-}
-void operator delete(void* p, const std::nothrow_t&) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p, const std::nothrow_t&) noexcept {
-  std::free(p);
-}
+#define REPLACED_NEW_ALLOCATE failingallocator::allocate
+#include "tests/support/replacednew.h"
+#undef REPLACED_NEW_ALLOCATE
 #endif

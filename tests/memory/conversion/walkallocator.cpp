@@ -95,41 +95,5 @@ Pause::~Pause() {
 
 }  // namespace walkallocator
 
-void* operator new(size_t bytes) {
-  return walkallocator::allocate(bytes);
-}
-void* operator new[](size_t bytes) {
-  return walkallocator::allocate(bytes);
-}
-void* operator new(size_t bytes, const std::nothrow_t&) noexcept {
-  try {
-    return walkallocator::allocate(bytes);
-  } catch (...) {
-    return nullptr;
-  }
-}
-void* operator new[](size_t bytes, const std::nothrow_t&) noexcept {
-  try {
-    return walkallocator::allocate(bytes);
-  } catch (...) {
-    return nullptr;
-  }
-}
-void operator delete(void* p) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p) noexcept {
-  std::free(p);
-}
-void operator delete(void* p, size_t) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p, size_t) noexcept {
-  std::free(p);
-}
-void operator delete(void* p, const std::nothrow_t&) noexcept {
-  std::free(p);
-}
-void operator delete[](void* p, const std::nothrow_t&) noexcept {
-  std::free(p);
-}
+#define REPLACED_NEW_ALLOCATE walkallocator::allocate
+#include "tests/support/replacednew.h"
