@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -47,36 +49,82 @@ TEST(ParameterList, EmptyListSucceedsWithNothingStored) {
   EXPECT_EQ(r.parser.token, LEXKEYWORD);
 }
 
-TEST(ParameterList, BareNumberIsOneFloat) {
-  ListRead r("\"Ka\" 0.5 WorldEnd");
-  ASSERT_EQ(r.result, 1);
-  expectParallel(r.list, 1);
-  EXPECT_EQ(r.list.tokens.data[0], RI_KA);
-  EXPECT_EQ(r.list.sizes.data[0], 1);
-  EXPECT_EQ(floatsOf(r.list, 0, 1), std::vector<float>{0.5f});
+struct ReadCase {
+  const char* input;
+  int16_t bracketed;
+  int32_t colorsamples;
+  int32_t size;
+  std::vector<float> floats;
+};
+
+TEST(ParameterList, ValuesAreStoredWithTheirCount) {
+  std::string long65537 = "\"Ka\" [ 7";
+  for (int k = 1; k < 65537; ++k) long65537 += " 1";
+  long65537 += " ]";
+  const ReadCase cases[] = {
+      {"\"Ka\" 0.5 WorldEnd", 0, 3, 1, {0.5f}},
+      {"\"Ka\" [ 1 2 3 4 ]", 0, 3, 4, {1, 2, 3, 4}},  // the declared size is not enforced
+      {"\"P\" [ 1 2 3 4 5 6 ]", 0, 3, 2, {1, 2, 3, 4, 5, 6}},
+      {long65537.c_str(), 0, 3, 1, {7}},  // the item count is held modulo 65536
+      {"\"Cs\" [ 1 0 0 0 1 0 ]", 0, 3, 2, {1, 0, 0, 0, 1, 0}},
+      {"\"Cs\" [ 1 2 3 4 5 6 7 ]", 0, 3, 2, {1, 2, 3, 4, 5, 6}},  // remainder dropped
+      {"\"Cs\" [ 0.5 0.25 ]", 0, 1, 2, {0.5f, 0, 0, 0.25f, 0, 0}},
+      {"\"Cs\" [ 1 2 3 4 5 6 7 8 ]", 0, 4, 2, {1, 2, 3, 5, 6, 7}},
+      // Undeclared names are stepped over in a bracketed list, whatever their value.
+      {"\"nosuch\" [ 1 [ 2 ] \"Ka\" [ 3 ]", 1, 3, 1, {3}},
+      {"\"null\" [ 1 ] \"Ka\" [ 3 ]", 1, 3, 1, {3}},
+      {"\"\\377P\" [ 1 ] \"Ka\" [ 3 ]", 1, 3, 1, {3}},
+  };
+  for (const ReadCase& c : cases) {
+    SCOPED_TRACE(std::string(c.input).substr(0, 40));
+    ListRead r(c.input, c.bracketed, c.colorsamples);
+    ASSERT_EQ(r.result, 1);
+    expectParallel(r.list, 1);
+    EXPECT_EQ(r.list.sizes.data[0], c.size);
+    EXPECT_EQ(floatsOf(r.list, 0, c.floats.size()), c.floats);
+    EXPECT_TRUE(r.reports.lines().empty());
+  }
+  EXPECT_EQ(ListRead("\"Ka\" 1").list.tokens.data[0], RI_KA);
 }
 
-TEST(ParameterList, ReadingIgnoresTheDeclaredSize) {
-  ListRead r("\"Ka\" [ 1 2 3 4 ]");
-  ASSERT_EQ(r.result, 1);
-  EXPECT_EQ(r.list.sizes.data[0], 4);
-  EXPECT_EQ(floatsOf(r.list, 0, 4), (std::vector<float>{1, 2, 3, 4}));
-  EXPECT_TRUE(r.reports.lines().empty());
-}
+struct FailCase {
+  const char* input;
+  int16_t bracketed;
+  int32_t colorsamples;
+  const char* report;  // nullptr: fails silently
+  int16_t tokenAfter;
+};
 
-TEST(ParameterList, PointValueCountsTriples) {
-  ListRead r("\"P\" [ 1 2 3 4 5 6 ]");
-  ASSERT_EQ(r.result, 1);
-  EXPECT_EQ(r.list.sizes.data[0], 2);
-  EXPECT_EQ(floatsOf(r.list, 0, 6), (std::vector<float>{1, 2, 3, 4, 5, 6}));
-}
-
-TEST(ParameterList, IncompletePointFailsOnItsThirdComponent) {
-  ListRead r("\"P\" [ 1 2 3 4 5 ] WorldEnd");
-  EXPECT_EQ(r.result, 0);
-  EXPECT_EQ(r.reports.lines(),
-            Lines{"RIB error: general syntactic error at line 1 '5': Expected float"});
-  EXPECT_EQ(r.parser.token, LEXKEYWORD);
+TEST(ParameterList, FailuresReportAndRecover) {
+  const FailCase cases[] = {
+      {"\"P\" [ 1 2 3 4 5 ] WorldEnd", 0, 3,
+       "RIB error: general syntactic error at line 1 '5': Expected float", LEXKEYWORD},
+      {"\"Ka\" 1 WorldEnd", 1, 3,
+       "RIB error: general syntactic error at line 1 '1': Expected character '['", LEXKEYWORD},
+      {"\"perspective\" 1 WorldEnd", 0, 3,
+       "RIB error: parameter list type mismatch at line 1 '1': token 'perspective' doesn't take "
+       "value",
+       LEXKEYWORD},
+      {"\"Cs\" [ 1 2 3 ] WorldEnd", 0, 0,
+       "RIB error: invalid color specification at line 1 'Cs': Color parameter 'Cs' cannot be "
+       "read with 0 color samples",
+       LEXKEYWORD},
+      // Undeclared names drop the request silently; "null" converts to a null name and a
+      // leading 0xFF byte would pose as a record.
+      {"\"nosuch\" 1 \"Ka\" 2 WorldEnd", 0, 3, nullptr, LEXKEYWORD},
+      {"\"null\" 1 WorldEnd", 0, 3, nullptr, LEXKEYWORD},
+      {"\"\\377Ka\" 1 WorldEnd", 0, 3, nullptr, LEXKEYWORD},
+      // Less than one colour fails without report or recovery.
+      {"\"Cs\" 1 0 0", 0, 3, nullptr, LEXINT},
+      {"\"Cs\" [ 1 0 ] WorldEnd", 0, 3, nullptr, LEXKEYWORD},
+  };
+  for (const FailCase& c : cases) {
+    SCOPED_TRACE(c.input);
+    ListRead r(c.input, c.bracketed, c.colorsamples);
+    EXPECT_EQ(r.result, 0);
+    EXPECT_EQ(r.reports.lines(), c.report ? Lines{c.report} : Lines{});
+    EXPECT_EQ(r.parser.token, c.tokenAfter);
+  }
 }
 
 TEST(ParameterList, StringValueIsOneBlockWithItsPointerAtTheHead) {
@@ -86,12 +134,7 @@ TEST(ParameterList, StringValueIsOneBlockWithItsPointerAtTheHead) {
   const char* block = static_cast<const char*>(r.list.values.data[0]);
   EXPECT_EQ(stringOf(r.list, 0), block + sizeof(char*));
   EXPECT_STREQ(stringOf(r.list, 0), "grid.tx");
-}
-
-TEST(ParameterList, StringValueNullKeepsItsText) {
-  ListRead r("\"texturename\" [ \"null\" ]");
-  ASSERT_EQ(r.result, 1);
-  EXPECT_STREQ(stringOf(r.list, 0), "null");
+  EXPECT_STREQ(stringOf(ListRead("\"texturename\" [ \"null\" ]").list, 0), "null");
 }
 
 TEST(ParameterList, ShortValueIsZeroPaddedToOneElementOfTheTokenSize) {
@@ -104,14 +147,10 @@ TEST(ParameterList, ShortValueIsZeroPaddedToOneElementOfTheTokenSize) {
   EXPECT_EQ(floatsOf(r.list, 1, 2), (std::vector<float>{0.25f, 0}));
 }
 
-TEST(ParameterList, SameParameterTwiceGivesTwoEntries) {
-  ListRead r("\"Ka\" 1 \"Ka\" 2");
-  ASSERT_EQ(r.result, 1);
-  expectParallel(r.list, 2);
-  EXPECT_EQ(r.list.tokens.data[0], r.list.tokens.data[1]);
-}
-
-TEST(ParameterList, NonStringWhereANameWouldStandEndsTheList) {
+TEST(ParameterList, ListEndsAtAValueWhereANameWouldStand) {
+  ListRead twice("\"Ka\" 1 \"Ka\" 2");
+  expectParallel(twice.list, 2);
+  EXPECT_EQ(twice.list.tokens.data[0], twice.list.tokens.data[1]);
   for (const char* input : {"\"Ka\" 1 [ 2 ]", "\"Ka\" 1 3"}) {
     ListRead r(input);
     EXPECT_EQ(r.result, 1) << input;
@@ -119,101 +158,6 @@ TEST(ParameterList, NonStringWhereANameWouldStandEndsTheList) {
     EXPECT_NE(r.parser.token, LEXSTRING);
     EXPECT_TRUE(r.reports.lines().empty());
   }
-}
-
-TEST(ParameterList, UndeclaredNameDropsTheRequestSilently) {
-  // "null" converts to a null name and a leading 0xFF byte would pose as a
-  // record; both are taken as undeclared.
-  for (const char* input :
-       {"\"nosuch\" 1 \"Ka\" 2 WorldEnd", "\"null\" 1 WorldEnd", "\"\\377Ka\" 1 WorldEnd"}) {
-    ListRead r(input);
-    EXPECT_EQ(r.result, 0) << input;
-    EXPECT_TRUE(r.reports.lines().empty()) << input;
-    EXPECT_EQ(r.parser.token, LEXKEYWORD) << input;
-  }
-}
-
-TEST(ParameterList, BracketedListStepsOverUndeclaredNames) {
-  for (const char* input : {"\"nosuch\" [ 1 [ 2 ] \"Ka\" [ 3 ]", "\"null\" [ 1 ] \"Ka\" [ 3 ]",
-                            "\"\\377P\" [ 1 ] \"Ka\" [ 3 ]"}) {
-    ListRead r(input, 1);
-    ASSERT_EQ(r.result, 1) << input;
-    expectParallel(r.list, 1);
-    EXPECT_EQ(r.list.tokens.data[0], RI_KA);
-    EXPECT_EQ(floatsOf(r.list, 0, 1), std::vector<float>{3});
-  }
-}
-
-TEST(ParameterList, BracketedListNeedsBracketsAroundNumbers) {
-  ListRead r("\"Ka\" 1 WorldEnd", 1);
-  EXPECT_EQ(r.result, 0);
-  EXPECT_EQ(r.reports.lines(),
-            Lines{"RIB error: general syntactic error at line 1 '1': Expected character '['"});
-}
-
-TEST(ParameterList, KeywordTokenTakesNoValue) {
-  ListRead r("\"perspective\" 1 WorldEnd");
-  EXPECT_EQ(r.result, 0);
-  EXPECT_EQ(r.reports.lines(),
-            Lines{"RIB error: parameter list type mismatch at line 1 '1': token 'perspective' "
-                  "doesn't take value"});
-  EXPECT_EQ(r.parser.token, LEXKEYWORD);
-}
-
-TEST(ParameterList, ItemCountIsHeldModulo65536) {
-  std::string input = "\"Ka\" [";
-  for (int k = 0; k < 65537; ++k) input += k == 0 ? " 7" : " 1";
-  input += " ]";
-  ListRead r(input.c_str());
-  ASSERT_EQ(r.result, 1);
-  EXPECT_EQ(r.list.sizes.data[0], 1);
-  EXPECT_EQ(floatsOf(r.list, 0, 1), std::vector<float>{7});
-}
-
-TEST(ColorParameter, ThreeSamplesPerColour) {
-  ListRead r("\"Cs\" [ 1 0 0 0 1 0 ]");
-  ASSERT_EQ(r.result, 1);
-  EXPECT_EQ(r.list.sizes.data[0], 2);
-  EXPECT_EQ(floatsOf(r.list, 0, 6), (std::vector<float>{1, 0, 0, 0, 1, 0}));
-}
-
-TEST(ColorParameter, LessThanOneColourFailsWithoutReportOrRecovery) {
-  ListRead bare("\"Cs\" 1 0 0");
-  EXPECT_EQ(bare.result, 0);
-  EXPECT_EQ(bare.parser.token, LEXINT);
-  ListRead bracketed("\"Cs\" [ 1 0 ] WorldEnd");
-  EXPECT_EQ(bracketed.result, 0);
-  EXPECT_EQ(bracketed.parser.token, LEXKEYWORD);
-  EXPECT_TRUE(bare.reports.lines().empty());
-}
-
-TEST(ColorParameter, RemainderBeyondWholeColoursIsDropped) {
-  ListRead r("\"Cs\" [ 1 2 3 4 5 6 7 ]");
-  ASSERT_EQ(r.result, 1);
-  EXPECT_EQ(r.list.sizes.data[0], 2);
-}
-
-TEST(ColorParameter, FewerSamplesAreStoredAsRgbWithZeros) {
-  ListRead r("\"Cs\" [ 0.5 0.25 ]", 0, 1);
-  ASSERT_EQ(r.result, 1);
-  EXPECT_EQ(r.list.sizes.data[0], 2);
-  EXPECT_EQ(floatsOf(r.list, 0, 6), (std::vector<float>{0.5f, 0, 0, 0.25f, 0, 0}));
-}
-
-TEST(ColorParameter, MoreSamplesKeepTheFirstThreeOfEachColour) {
-  ListRead r("\"Cs\" [ 1 2 3 4 5 6 7 8 ]", 0, 4);
-  ASSERT_EQ(r.result, 1);
-  EXPECT_EQ(r.list.sizes.data[0], 2);
-  EXPECT_EQ(floatsOf(r.list, 0, 6), (std::vector<float>{1, 2, 3, 5, 6, 7}));
-}
-
-TEST(ColorParameter, ZeroColourSamplesFailTheValue) {
-  ListRead r("\"Cs\" [ 1 2 3 ] WorldEnd", 0, 0);
-  EXPECT_EQ(r.result, 0);
-  EXPECT_EQ(r.reports.lines(),
-            Lines{"RIB error: invalid color specification at line 1 'Cs': Color parameter 'Cs' "
-                  "cannot be read with 0 color samples"});
-  EXPECT_EQ(r.parser.token, LEXKEYWORD);
 }
 
 TEST(SkipValue, StopsAtTheFirstClosingBracket) {
@@ -242,7 +186,7 @@ struct VerifyCase {
   const char* name;
   const char* input;
   int32_t uniform, varying, vertex;
-  std::vector<const char*> required;
+  const char* required;  // up to three names, separated by blanks
   int16_t result;
   const char* report;
 };
@@ -252,94 +196,33 @@ std::ostream& operator<<(std::ostream& os, const VerifyCase& c) {
 }
 
 const VerifyCase kVerifyCases[] = {
-    {"OneRequiredPresent", "\"P\" [ 1 2 3 4 5 6 ] X", 1, 2, 2, {"P"}, 1, nullptr},
-    {"OneRequiredAbsent",
-     "\"Ka\" 1 X",
-     1,
-     1,
-     1,
-     {"P"},
-     0,
+    {"OneRequiredPresent", "\"P\" [ 1 2 3 4 5 6 ] X", 1, 2, 2, "P", 1, nullptr},
+    {"OneRequiredAbsent", "\"Ka\" 1 X", 1, 1, 1, "P", 0,
      "RIB error: incorrect parameter value at line 1 'X': 'P' argument is required"},
-    {"TwoAlternativesAbsent",
-     "X",
-     1,
-     1,
-     1,
-     {"P", "Pw"},
-     0,
+    {"TwoAlternativesAbsent", "X", 1, 1, 1, "P Pw", 0,
      "RIB error: incorrect parameter value at line 1 'X': 'P', or 'Pw' argument is required"},
-    {"ThreeAlternativesAbsent",
-     "X",
-     1,
-     1,
-     1,
-     {"P", "Pz", "Pw"},
-     0,
+    {"ThreeAlternativesAbsent", "X", 1, 1, 1, "P Pz Pw", 0,
      "RIB error: incorrect parameter value at line 1 'X': 'P', 'Pz', or 'Pw' argument is "
      "required"},
-    {"TwoAlternativesGiven",
-     "\"P\" [ 1 2 3 ] \"Pw\" [ 1 2 3 ] X",
-     1,
-     1,
-     1,
-     {"P", "Pz", "Pw"},
-     0,
+    {"TwoAlternativesGiven", "\"P\" [ 1 2 3 ] \"Pw\" [ 1 2 3 ] X", 1, 1, 1, "P Pz Pw", 0,
      "RIB error: incorrect parameter value at line 1 'X': More than one of 'P', 'Pz', or 'Pw' "
      "was specified"},
-    {"SameRequiredTwiceCountsOnce",
-     "\"P\" [ 1 2 3 ] \"P\" [ 1 2 3 ] X",
-     1,
-     1,
-     1,
-     {"P"},
-     1,
-     nullptr},
-    {"UnknownRequiredNamesDropOut", "X", 1, 1, 1, {"nosuch"}, 1, nullptr},
-    {"UniformCountPrinted",
-     "\"Ka\" [ 1 2 ] X",
-     1,
-     4,
-     4,
-     {},
-     0,
+    {"SameRequiredTwiceCountsOnce", "\"P\" [ 1 2 3 ] \"P\" [ 1 2 3 ] X", 1, 1, 1, "P", 1, nullptr},
+    {"UnknownRequiredNamesDropOut", "X", 1, 1, 1, "nosuch", 1, nullptr},
+    {"UniformCountPrinted", "\"Ka\" [ 1 2 ] X", 1, 4, 4, "", 0,
      "RIB error: invalid array specification at line 1 'X': 1 items expected for parameter "
      "'Ka'"},
-    {"VaryingColourIsCode5",
-     "\"Cs\" [ 1 0 0 ] X",
-     1,
-     4,
-     4,
-     {},
-     0,
+    {"VaryingColourIsCode5", "\"Cs\" [ 1 0 0 ] X", 1, 4, 4, "", 0,
      "RIB error: invalid color specification at line 1 'X': 4 items expected for parameter "
      "'Cs'"},
-    {"VertexPointIsCode3",
-     "\"P\" [ 1 2 3 ] X",
-     1,
-     4,
-     4,
-     {"P"},
-     0,
+    {"VertexPointIsCode3", "\"P\" [ 1 2 3 ] X", 1, 4, 4, "P", 0,
      "RIB error: invalid array specification at line 1 'X': 4 items expected for parameter "
      "'P'"},
-    {"VertexSizeMultiplies", "\"Pw\" [ 1 2 3 4 5 6 7 8 ] X", 1, 2, 2, {"P", "Pw"}, 1, nullptr},
-    {"VaryingSizeMultiplies",
-     "\"st\" [ 1 2 3 4 5 6 7 ] X",
-     1,
-     4,
-     4,
-     {},
-     0,
+    {"VertexSizeMultiplies", "\"Pw\" [ 1 2 3 4 5 6 7 8 ] X", 1, 2, 2, "P Pw", 1, nullptr},
+    {"VaryingSizeMultiplies", "\"st\" [ 1 2 3 4 5 6 7 ] X", 1, 4, 4, "", 0,
      "RIB error: invalid array specification at line 1 'X': 8 items expected for parameter "
      "'st'"},
-    {"OnlyFirstBadParameterReported",
-     "\"Ka\" [ 1 2 ] \"Cs\" [ 1 0 0 ] X",
-     1,
-     4,
-     4,
-     {},
-     0,
+    {"OnlyFirstBadParameterReported", "\"Ka\" [ 1 2 ] \"Cs\" [ 1 0 0 ] X", 1, 4, 4, "", 0,
      "RIB error: invalid array specification at line 1 'X': 1 items expected for parameter "
      "'Ka'"},
 };
@@ -347,9 +230,11 @@ const VerifyCase kVerifyCases[] = {
 class VerifyTable : public ::testing::TestWithParam<VerifyCase> {};
 
 int16_t runVerify(parserib& p, const tokenvalue& tv, const VerifyCase& c) {
-  std::vector<const char*> r = c.required;
-  r.resize(3, nullptr);
-  return p.verify(tv, c.uniform, c.varying, c.vertex, r[0], r[1], r[2], RI_NULL);
+  std::istringstream names(c.required);
+  std::vector<std::string> r{std::istream_iterator<std::string>(names), {}};
+  r.resize(3);
+  auto name = [](const std::string& s) { return s.empty() ? nullptr : s.c_str(); };
+  return p.verify(tv, c.uniform, c.varying, c.vertex, name(r[0]), name(r[1]), name(r[2]), RI_NULL);
 }
 
 TEST_P(VerifyTable, ResultAndReport) {
@@ -358,13 +243,8 @@ TEST_P(VerifyTable, ResultAndReport) {
   ASSERT_EQ(r.result, 1);
   ASSERT_TRUE(r.reports.lines().empty());
   EXPECT_EQ(runVerify(r.parser, r.list, c), c.result);
-  if (c.report) {
-    EXPECT_EQ(r.reports.lines(), Lines{c.report});
-  } else {
-    EXPECT_TRUE(r.reports.lines().empty()) << r.reports.lines().front();
-  }
-  // verify reads nothing and does not recover.
-  EXPECT_EQ(r.parser.token, LEXKEYWORD);
+  EXPECT_EQ(r.reports.lines(), c.report ? Lines{c.report} : Lines{});
+  EXPECT_EQ(r.parser.token, LEXKEYWORD);  // verify reads nothing and does not recover
 }
 
 INSTANTIATE_TEST_SUITE_P(Verify, VerifyTable, ::testing::ValuesIn(kVerifyCases),
