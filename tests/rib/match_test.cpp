@@ -29,21 +29,10 @@ std::ostream& operator<<(std::ostream& os, const MatchCase& c) {
 Reader character(char c) {
   return [c](parserib& p) { return p.match(c); };
 }
-Reader boolean() {
+template <class T>
+Reader single() {
   return [](parserib& p) {
-    int16_t b = 5;
-    return p.match(b);
-  };
-}
-Reader integer() {
-  return [](parserib& p) {
-    int32_t v = 0;
-    return p.match(v);
-  };
-}
-Reader real() {
-  return [](parserib& p) {
-    float v = 0;
+    T v{};
     return p.match(v);
   };
 }
@@ -53,35 +42,20 @@ Reader text() {
     return p.match(&s);
   };
 }
-Reader point() {
-  return [](parserib& p) {
-    float v[3];
-    return p.match(v);
-  };
-}
-Reader matrix() {
-  return [](parserib& p) {
-    float m[4][4];
-    return p.match(m);
-  };
-}
-Reader floats(int32_t n, int16_t bracketed) {
+template <class T>
+Reader array(int32_t n, int16_t bracketed) {
   return [=](parserib& p) {
-    Array<float> a;
+    Array<T> a;
     return p.match(a, n, bracketed);
   };
 }
-Reader ints(int32_t n, int16_t bracketed) {
-  return [=](parserib& p) {
-    Array<int32_t> a;
-    return p.match(a, n, bracketed);
-  };
-}
-Reader points(int32_t n, int16_t bracketed) {
-  return [=](parserib& p) {
-    Array<float[3]> a;
-    return p.match(a, n, bracketed);
-  };
+const auto boolean = single<int16_t>, integer = single<int32_t>, real = single<float>;
+const auto point = single<float[3]>, matrix = single<float[4][4]>;
+const auto floats = array<float>, ints = array<int32_t>, points = array<float[3]>;
+
+using Lines = std::vector<std::string>;
+Lines linesOf(const char* report) {
+  return report ? Lines{report} : Lines{};
 }
 
 const int16_t KW = LEXKEYWORD;
@@ -176,11 +150,7 @@ TEST_P(MatchTable, ResultReportAndNextToken) {
   ReportCollector reports;
   RecordingParser p(c.input);
   EXPECT_EQ(c.read(p.primed()), c.result);
-  if (c.report) {
-    EXPECT_EQ(reports.lines(), std::vector<std::string>{c.report});
-  } else {
-    EXPECT_TRUE(reports.lines().empty()) << reports.lines().front();
-  }
+  EXPECT_EQ(reports.lines(), linesOf(c.report));
   EXPECT_EQ(p.token, c.tokenAfter);
 }
 
@@ -258,11 +228,7 @@ TEST(MatchBinaryArrays, ReadAsTokenByToken) {
     ReportCollector reports;
     RecordingParser p(binaryFloats(c.elements) + " WorldEnd");
     EXPECT_EQ(c.read(p.primed()), c.result);
-    if (c.report) {
-      EXPECT_EQ(reports.lines(), std::vector<std::string>{c.report});
-    } else {
-      EXPECT_TRUE(reports.lines().empty()) << reports.lines().front();
-    }
+    EXPECT_EQ(reports.lines(), linesOf(c.report));
     EXPECT_EQ(p.token, LEXKEYWORD);
   }
 }
