@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "error_test_sink.h"
 
@@ -68,39 +69,32 @@ TEST_F(RiErrorPrintTest, WritesTheSentenceOfEachCode) {
   }
 }
 
-TEST_F(RiErrorPrintTest, CodeZeroHasNoSentence) {
-  RiLastError = 99;
-  RiErrorPrint(0, 0, "all is well");
-  ASSERT_EQ(lines().size(), 1u);
-  EXPECT_EQ(lines()[0], "info: all is well");
-  EXPECT_EQ(RiLastError, 0);
-}
-
-TEST_F(RiErrorPrintTest, MessageFollowsTheSentenceAfterOneBlank) {
-  RiErrorPrint(42, 2, "RiHiderV: unknown hider type \"x\", using hidden");
-  ASSERT_EQ(lines().size(), 1u);
-  EXPECT_EQ(lines()[0],
-            "error: Parameter out of range. RiHiderV: unknown hider type \"x\", using hidden");
-}
-
-TEST_F(RiErrorPrintTest, SetsNoLimitOnTheLine) {
-  std::string message(5000, 'm');
-  RiErrorPrint(62, 1, message.c_str());
-  ASSERT_EQ(lines().size(), 1u);
-  EXPECT_EQ(lines()[0], "warning: Error code: 62 " + message);
-}
-
-TEST_F(RiErrorPrintTest, IgnoreOnlyStoresTheCode) {
-  RiErrorIgnore(43, 3, "unseen");
-  EXPECT_EQ(RiLastError, 43);
-  EXPECT_TRUE(lines().empty());
-}
-
-TEST_F(RiErrorPrintTest, AbortReturnsForInformation) {
-  RiErrorAbort(12, 0, "only news");
-  ASSERT_EQ(lines().size(), 1u);
-  EXPECT_EQ(lines()[0], "info: Unimplemented feature. only news");
-  EXPECT_EQ(RiLastError, 12);
+// Each handler call, with the lines it prints and the code it leaves behind.
+TEST_F(RiErrorPrintTest, HandlersPrintTheWholeLineAndStoreTheCode) {
+  const std::string longMessage(5000, 'm');
+  const struct {
+    RtErrorHandler handler;
+    RtInt code, severity;
+    std::string message;
+    std::vector<std::string> lines;
+  } cases[] = {
+      {RiErrorPrint, 0, 0, "all is well", {"info: all is well"}},
+      {RiErrorPrint,
+       42,
+       2,
+       "RiHiderV: unknown hider type \"x\", using hidden",
+       {"error: Parameter out of range. RiHiderV: unknown hider type \"x\", using hidden"}},
+      {RiErrorPrint, 62, 1, longMessage, {"warning: Error code: 62 " + longMessage}},
+      {RiErrorIgnore, 43, 3, "unseen", {}},
+      {RiErrorAbort, 12, 0, "only news", {"info: Unimplemented feature. only news"}}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.message.substr(0, 40));
+    lines().clear();
+    RiLastError = 99;
+    c.handler(c.code, c.severity, c.message.c_str());
+    EXPECT_EQ(lines(), c.lines);
+    EXPECT_EQ(RiLastError, c.code);
+  }
 }
 
 TEST(RiErrorAbortDeathTest, EndsTheProcessForAWarningAfterPrinting) {
