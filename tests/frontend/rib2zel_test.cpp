@@ -34,64 +34,53 @@ runresult convertFile(const scratchdir& dir, const std::string& rib,
 
 }  // namespace
 
-TEST(Rib2zel, ConvertsAGoodFileNextToTheInput) {
-  scratchdir dir;
-  runresult r = convertFile(dir, kGood);
-  EXPECT_EQ(r.status, 0);
-  EXPECT_EQ(r.errLines, lines{"Success."});
-  EXPECT_EQ(sceneops(r.out), kGoodOps);
-}
-
-TEST(Rib2zel, ReportsABadRequestAndConvertsTheRequestsAfterIt) {
-  scratchdir dir;
-  runresult r = convertFile(dir, kBadAmongGood);
-  EXPECT_EQ(r.status, 1);
-  EXPECT_EQ(r.errLines, (lines{kBogusLine, "There are warning/error messages."}));
-  EXPECT_EQ(sceneops(r.out), kGoodOps);
-}
-
-TEST(Rib2zel, KeepsTheOrderOfBothKindsOfMessages) {
-  scratchdir dir;
-  runresult r = convertFile(dir, "Bogus\nHider \"x\"\nBogus\n");
-  EXPECT_EQ(r.status, 1);
-  EXPECT_EQ(r.errLines, (lines{"RIB error: undefined RIB request at line 1 'Bogus'", kHiderLine,
-                               "RIB error: undefined RIB request at line 2 'Bogus'",
-                               "There are warning/error messages."}));
-}
-
-TEST(Rib2zel, SaysSuccessWhenOnlyTheInterfaceComplained) {
-  scratchdir dir;
-  runresult r = convertFile(dir, "Hider \"x\"\n");
-  EXPECT_EQ(r.status, 0);
-  EXPECT_EQ(r.errLines, (lines{kHiderLine, "Success."}));
-}
-
-TEST(Rib2zel, SaysSuccessForInputsWithNothingToReport) {
-  const std::string inputs[] = {
-      "",
-      "# only a comment\n##RenderMan RIB\n\n",
-      "ErrorHandler \"ignore\"\nBogus 1 2\nHider \"x\"\nSphere 1 -1 1 360\n",
-  };
-  for (const std::string& rib : inputs) {
+// A bad request is reported, and the requests after it are still converted.
+TEST(Rib2zel, ConvertsNextToTheInputPastABadRequest) {
+  const struct {
+    std::string rib;
+    int status;
+    lines errLines;
+  } cases[] = {{kGood, 0, {"Success."}},
+               {kBadAmongGood, 1, {kBogusLine, "There are warning/error messages."}}};
+  for (const auto& c : cases) {
     scratchdir dir;
-    runresult r = convertFile(dir, rib);
-    EXPECT_EQ(r.status, 0) << rib;
-    EXPECT_EQ(r.errLines, lines{"Success."}) << rib;
+    runresult r = convertFile(dir, c.rib);
+    EXPECT_EQ(r.status, c.status);
+    EXPECT_EQ(r.errLines, c.errLines);
+    EXPECT_EQ(sceneops(r.out), kGoodOps);
   }
 }
 
-TEST(Rib2zel, QuietDropsOnlyTheStatusLine) {
-  scratchdir dir;
-  runresult r = convertFile(dir, kBadAmongGood, {"-q"});
-  EXPECT_EQ(r.status, 1);
-  EXPECT_EQ(r.errLines, lines{kBogusLine});
-}
-
-TEST(Rib2zel, ErrorHandlerAbortEndsTheProcessAtTheNextReport) {
-  scratchdir dir;
-  runresult r = convertFile(dir, "ErrorHandler \"abort\"\nBogus 1 2\nWorldBegin\n");
-  EXPECT_EQ(r.status, 128 + SIGABRT);
-  EXPECT_EQ(r.errLines, lines{"RIB error: undefined RIB request at line 1 'Bogus'"});
+TEST(Rib2zel, EndsWithTheStatusAndExitOfWhatWasReported) {
+  const struct {
+    std::string rib;
+    lines options;
+    int status;
+    lines errLines;
+  } cases[] = {
+      // Both kinds of message, in the order they came.
+      {"Bogus\nHider \"x\"\nBogus\n",
+       {},
+       1,
+       {"RIB error: undefined RIB request at line 1 'Bogus'", kHiderLine,
+        "RIB error: undefined RIB request at line 2 'Bogus'", "There are warning/error messages."}},
+      {"Hider \"x\"\n", {}, 0, {kHiderLine, "Success."}},
+      {"", {}, 0, {"Success."}},
+      {"# only a comment\n##RenderMan RIB\n\n", {}, 0, {"Success."}},
+      {"ErrorHandler \"ignore\"\nBogus 1 2\nHider \"x\"\nSphere 1 -1 1 360\n", {}, 0, {"Success."}},
+      {kBadAmongGood, {"-q"}, 1, {kBogusLine}},
+      {"ErrorHandler \"abort\"\nBogus 1 2\nWorldBegin\n",
+       {},
+       128 + SIGABRT,
+       {"RIB error: undefined RIB request at line 1 'Bogus'"}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.rib);
+    scratchdir dir;
+    runresult r = convertFile(dir, c.rib, c.options);
+    EXPECT_EQ(r.status, c.status);
+    EXPECT_EQ(r.errLines, c.errLines);
+  }
 }
 
 TEST(Rib2zel, FailsOnAMissingInputWithoutTouchingTheOutput) {
