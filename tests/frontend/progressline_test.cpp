@@ -20,12 +20,15 @@ const progressline::clock::time_point t0{};
 
 }  // namespace
 
-TEST(ProgressLine, StaysHiddenDuringTheFirstSecond) {
-  recorder r;
-  progressline line(true, r.writer(), t0);
-  line.update(1000, 0.5, t0 + milliseconds(999));
-  line.erase();
-  EXPECT_TRUE(r.writes.empty());
+// Hidden during the first second, and always when disabled.
+TEST(ProgressLine, WritesNothingWhenHiddenOrDisabled) {
+  for (auto [enabled, ms] : {std::pair{true, 999}, std::pair{false, 5000}}) {
+    recorder r;
+    progressline line(enabled, r.writer(), t0);
+    line.update(1 << 20, 0.5, t0 + milliseconds(ms));
+    line.erase();
+    EXPECT_TRUE(r.writes.empty()) << enabled;
+  }
 }
 
 TEST(ProgressLine, RedrawsInPlaceAtMostFourTimesASecondAndBlanksItsTrace) {
@@ -43,14 +46,6 @@ TEST(ProgressLine, RedrawsInPlaceAtMostFourTimesASecondAndBlanksItsTrace) {
                           "\rConverting:  50% (1.5 MB/s)" + std::string(7, ' '),
                           "\r" + std::string(27, ' ') + "\r",
                       }));
-}
-
-TEST(ProgressLine, NeverWritesWhenDisabled) {
-  recorder r;
-  progressline line(false, r.writer(), t0);
-  line.update(1 << 20, 0.5, t0 + milliseconds(5000));
-  line.erase();
-  EXPECT_TRUE(r.writes.empty());
 }
 
 TEST(ProgressText, ShowsMegabytesWhenTheSizeIsUnknown) {
