@@ -11,21 +11,56 @@ namespace {
 using Lines = std::vector<std::string>;
 using Ops = std::vector<std::string>;
 
-TEST(FrameCameraRequests, FrameBeginTakesItsNumberOnlyWhenAnIntegerFollows) {
-  Conversion numbered = convert("FrameBegin 7 WorldBegin");
-  EXPECT_EQ(numbered.ops(), (Ops{"FrameBegin", "SceneBegin"}));
-  EXPECT_TRUE(numbered.log.empty());
-
-  // A keyword is the next request; the frame opens all the same.
-  Conversion bare = convert("FrameBegin WorldBegin");
-  EXPECT_EQ(bare.ops(), (Ops{"FrameBegin", "SceneBegin"}));
-  EXPECT_TRUE(bare.log.empty());
-
-  // A float is no frame number: it is left, and fails as the next statement.
-  Conversion floated = convert("FrameBegin 2.5 WorldBegin");
-  EXPECT_EQ(floated.ops(), (Ops{"FrameBegin", "SceneBegin"}));
-  EXPECT_EQ(floated.log,
-            (Lines{"RIB error: general syntactic error at line 1 '2.5': Expected Keyword"}));
+// Each RIB text with the whole report lines and the records it gives.
+TEST(FrameCameraRequests, ReportsAndRecordsOfEachRequest) {
+  const struct {
+    const char* rib;
+    Lines log;
+    Ops ops;
+  } cases[] = {
+      {"FrameBegin 7 WorldBegin", {}, {"FrameBegin", "SceneBegin"}},
+      // A keyword is the next request; the frame opens all the same.
+      {"FrameBegin WorldBegin", {}, {"FrameBegin", "SceneBegin"}},
+      // A float is no frame number: it is left, and fails as the next statement.
+      {"FrameBegin 2.5 WorldBegin",
+       {"RIB error: general syntactic error at line 1 '2.5': Expected Keyword"},
+       {"FrameBegin", "SceneBegin"}},
+      // A filter named "null" is unknown rather than a null pointer.
+      {"PixelFilter \"null\" 2 2",
+       {"RIB error: general syntactic error at line 1 '2': Unknown filter function 'null'"},
+       {}},
+      // DepthOfField with nothing behind it is complete.
+      {"DepthOfField WorldBegin", {}, {"SceneBegin"}},
+      {"DepthOfField 8 50 WorldBegin",
+       {"RIB error: general syntactic error at line 1 'WorldBegin': Expected float"},
+       {"SceneBegin"}},
+      // ColorSamples that leave no sample refuse later colours.
+      {"ColorSamples [1 1] [1 1] Color [1 0 0] Opacity [1 1 1] WorldBegin",
+       {"RIB error: invalid color specification at line 1 'Color': No colour samples: the last "
+        "ColorSamples gave fewer than 3 values",
+        "RIB error: invalid color specification at line 1 'Opacity': No colour samples: the last "
+        "ColorSamples gave fewer than 3 values"},
+       {"ColorSpace", "SceneBegin"}},
+      // A second sample array too short leaves the sample count.
+      {"ColorSamples [1 2 3 4 5 6] [1 2 3 4 5] Color [0 0 1]",
+       {"RIB error: incorrect parameter value at line 1 '5': Expected 6 floats"},
+       {"Color"}},
+      // Shader-like requests drop an undeclared parameter silently.
+      {"Hider \"hidden\" \"nosuch\" [1] Hider \"paint\" \"jitter\" [1]",
+       {},
+       {"Hider", "SampleJitter"}},
+      // The Ri layer would take such text for one of its dictionary records.
+      {"Display \"out\" \"\xFF\" \"rgb\" WorldBegin",
+       {"RIB error: general syntactic error at line 1 'rgb': A name may not begin with the byte "
+        "0xFF"},
+       {"SceneBegin"}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.rib);
+    Conversion conversion = convert(c.rib);
+    EXPECT_EQ(conversion.log, c.log);
+    EXPECT_EQ(conversion.ops(), c.ops);
+  }
 }
 
 TEST(FrameCameraRequests, ScreenWindowTakesFourNumbersBareOrBracketed) {
@@ -48,13 +83,6 @@ TEST(FrameCameraRequests, PixelFilterNamesAreExactAndAnUnknownOneSkipsItsWidths)
   EXPECT_EQ(c.only("FilterWidth").args.at(0).asFloat(), 3.0f);
 }
 
-TEST(FrameCameraRequests, AFilterNamedNullIsUnknownRatherThanANullPointer) {
-  Conversion c = convert("PixelFilter \"null\" 2 2");
-  EXPECT_EQ(c.log, (Lines{"RIB error: general syntactic error at line 1 '2': "
-                          "Unknown filter function 'null'"}));
-  EXPECT_TRUE(c.ops().empty());
-}
-
 TEST(FrameCameraRequests, VersionWarnsOnlyWhenNewerThanTheReader) {
   EXPECT_TRUE(convert("version 3.03").log.empty());
   EXPECT_TRUE(convert("version 3.031").log.empty());
@@ -62,17 +90,6 @@ TEST(FrameCameraRequests, VersionWarnsOnlyWhenNewerThanTheReader) {
   EXPECT_EQ(convert("version 3.04 WorldBegin").log,
             (Lines{"RIB warning: protocol version number mismatch at line 1 'WorldBegin': "
                    "Version 3.04 too new"}));
-}
-
-TEST(FrameCameraRequests, DepthOfFieldWithNothingBehindItIsComplete) {
-  Conversion bare = convert("DepthOfField WorldBegin");
-  EXPECT_TRUE(bare.log.empty());
-  EXPECT_EQ(bare.ops(), (Ops{"SceneBegin"}));
-
-  Conversion shortOne = convert("DepthOfField 8 50 WorldBegin");
-  EXPECT_EQ(shortOne.log,
-            (Lines{"RIB error: general syntactic error at line 1 'WorldBegin': Expected float"}));
-  EXPECT_EQ(shortOne.ops(), (Ops{"SceneBegin"}));
 }
 
 TEST(FrameCameraRequests, FormatWantsIntegerSizes) {
@@ -98,22 +115,6 @@ TEST(FrameCameraRequests, FewerSamplesThanThreeArePaddedWithZeros) {
   EXPECT_EQ(c.only("Color").args.at(0).asFloats(), (std::vector<float>{0.5f, 0, 0}));
 }
 
-TEST(FrameCameraRequests, ColorSamplesThatLeaveNoSampleRefuseLaterColours) {
-  Conversion c = convert("ColorSamples [1 1] [1 1] Color [1 0 0] Opacity [1 1 1] WorldBegin");
-  EXPECT_EQ(c.log, (Lines{"RIB error: invalid color specification at line 1 'Color': No colour "
-                          "samples: the last ColorSamples gave fewer than 3 values",
-                          "RIB error: invalid color specification at line 1 'Opacity': No colour "
-                          "samples: the last ColorSamples gave fewer than 3 values"}));
-  EXPECT_EQ(c.ops(), (Ops{"ColorSpace", "SceneBegin"}));
-}
-
-TEST(FrameCameraRequests, ASecondSampleArrayTooShortLeavesTheSampleCount) {
-  Conversion c = convert("ColorSamples [1 2 3 4 5 6] [1 2 3 4 5] Color [0 0 1]");
-  EXPECT_EQ(c.log, (Lines{"RIB error: incorrect parameter value at line 1 '5': "
-                          "Expected 6 floats"}));
-  EXPECT_EQ(c.ops(), (Ops{"Color"}));
-}
-
 TEST(FrameCameraRequests, OptionDropsUndeclaredNamesSilentlyAndWantsBrackets) {
   Conversion c = convert(
       "Option \"nosuchoption\" \"gridsize\" [4]\n"
@@ -131,20 +132,6 @@ TEST(FrameCameraRequests, ProjectionNamedNullReachesTheCallAsNoName) {
   EXPECT_TRUE(c.log.empty());
   EXPECT_EQ(c.ops(), (Ops{"ViewIdentity", "ViewPerspective"}));
   EXPECT_EQ(c.only("ViewPerspective").args.at(0).asFloat(), 30.0f);
-}
-
-TEST(FrameCameraRequests, ShaderLikeRequestsDropAnUndeclaredParameterSilently) {
-  Conversion c = convert("Hider \"hidden\" \"nosuch\" [1] Hider \"paint\" \"jitter\" [1]");
-  EXPECT_TRUE(c.log.empty());
-  EXPECT_EQ(c.ops(), (Ops{"Hider", "SampleJitter"}));
-}
-
-TEST(FrameCameraRequests, ANameBeginningWithByte0xFFIsRefused) {
-  // The Ri layer would take such text for one of its dictionary records.
-  Conversion c = convert("Display \"out\" \"\xFF\" \"rgb\" WorldBegin");
-  EXPECT_EQ(c.log, (Lines{"RIB error: general syntactic error at line 1 'rgb': "
-                          "A name may not begin with the byte 0xFF"}));
-  EXPECT_EQ(c.ops(), (Ops{"SceneBegin"}));
 }
 
 }  // namespace
