@@ -67,6 +67,16 @@ inline std::vector<std::string> tokens(lexanrib& lex, int limit = 1000) {
   return out;
 }
 
+// The exception the next scan raises, as "code severity message", or "none".
+inline std::string raised(lexanrib& lex) {
+  try {
+    lex.next();
+  } catch (const RIBException& e) {
+    return std::to_string(e.code) + " " + std::to_string(e.severity) + " " + e.message.c_str();
+  }
+  return "none";
+}
+
 inline std::vector<std::string> tokens(const std::string& input) {
   Scan scan(input);
   return tokens(scan.lex);
