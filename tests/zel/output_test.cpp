@@ -71,24 +71,22 @@ TEST_F(ZelTest, SmallWriteFailureShowsAtFlush) {
 }
 
 TEST_F(ZelTest, UncreatableFileIsToldAndTheNextOutputClearsIt) {
-  _zelOutputFile(0x0200, "/nonexistent-dir/scene.zel");
-  const std::string expected =
-      "ZEL severe error: cannot create the scene file \"/nonexistent-dir/scene.zel\": No such file "
-      "or directory";
-  EXPECT_EQ(gReportLines, std::vector<std::string>{expected});
-  EXPECT_TRUE(zelWriteFailed());
-  EXPECT_EQ(zelWriteError(), expected);
-  _zelFrameBegin();
-  _zelOutputFile(0x0200, path_.c_str());
-  EXPECT_FALSE(zelWriteFailed());
-  EXPECT_STREQ(zelWriteError(), "");
-}
-
-TEST_F(ZelTest, MissingFileNameIsTold) {
-  _zelOutputFile(0x0200, nullptr);
-  EXPECT_EQ(gReportLines,
-            std::vector<std::string>{"ZEL severe error: no name given for the scene file"});
-  EXPECT_TRUE(zelWriteFailed());
+  const std::pair<const char*, std::string> cases[] = {
+      {"/nonexistent-dir/scene.zel",
+       "ZEL severe error: cannot create the scene file \"/nonexistent-dir/scene.zel\": No such "
+       "file or directory"},
+      {nullptr, "ZEL severe error: no name given for the scene file"}};
+  for (const auto& [name, expected] : cases) {
+    gReportLines.clear();
+    _zelOutputFile(0x0200, name);
+    EXPECT_EQ(gReportLines, std::vector<std::string>{expected});
+    EXPECT_TRUE(zelWriteFailed());
+    EXPECT_EQ(zelWriteError(), expected);
+    _zelFrameBegin();
+    _zelOutputFile(0x0200, path_.c_str());
+    EXPECT_FALSE(zelWriteFailed());
+    EXPECT_STREQ(zelWriteError(), "");
+  }
 }
 
 TEST_F(ZelTest, StreamGetsTheWholeFileAndStaysOpen) {
@@ -107,36 +105,30 @@ TEST_F(ZelTest, StreamGetsTheWholeFileAndStaysOpen) {
   EXPECT_EQ(file.records[1].op, "FrameEnd");
 }
 
-TEST_F(ZelTest, DiscardKeepsTheChecksAndWritesNothing) {
-  _zelFrameBegin();
-  zelDiscardOutput();
-  someOperations(3000);
-  _zelAttributePop();
-  EXPECT_TRUE(zelClose());
-  EXPECT_FALSE(zelWriteFailed());
-  EXPECT_EQ(gReportLines,
-            std::vector<std::string>{"ZEL error: AttributePop with no AttributePush open"});
-  EXPECT_EQ(readZelFile(path_).records.size(), 1u) << "the old file ends where output moved on";
-}
-
-TEST_F(ZelTest, SkipKeepsTheChecksAndUsesUpParameterInfo) {
-  _zelFrameBegin();
-  zelSkipOutput();
-  someOperations(3000);
-  _zelAttributePop();
-  float kd = 0.5f;
-  ZelParam info = {"Kd", 0x000D, 1, 1, 1};
-  uint16_t code = 0x000D;
-  RtPointer value = &kd;
-  _zelParameterInfo(1, &info);
-  _zelSphereV(1, -1, 1, 360, 1, &code, &value);
-  _zelSphereV(1, -1, 1, 360, 1, &code, &value);
-  EXPECT_TRUE(zelClose());
-  EXPECT_EQ(gReportLines,
-            (std::vector<std::string>{
-                "ZEL error: AttributePop with no AttributePush open",
-                "ZEL error: SphereV: no parameter info came before its parameter list"}));
-  EXPECT_EQ(readZelFile(path_).records.size(), 1u) << "the old file ends where output moved on";
+// Both write nothing more; the checks go on and parameter info is used up.
+TEST_F(ZelTest, DiscardAndSkipKeepTheChecks) {
+  for (void (*stop)() : {zelDiscardOutput, zelSkipOutput}) {
+    gReportLines.clear();
+    _zelOutputFile(0x0200, path_.c_str());
+    _zelFrameBegin();
+    stop();
+    someOperations(3000);
+    _zelAttributePop();
+    float kd = 0.5f;
+    ZelParam info = {"Kd", 0x000D, 1, 1, 1};
+    uint16_t code = 0x000D;
+    RtPointer value = &kd;
+    _zelParameterInfo(1, &info);
+    _zelSphereV(1, -1, 1, 360, 1, &code, &value);
+    _zelSphereV(1, -1, 1, 360, 1, &code, &value);
+    EXPECT_TRUE(zelClose());
+    EXPECT_FALSE(zelWriteFailed());
+    EXPECT_EQ(gReportLines,
+              (std::vector<std::string>{
+                  "ZEL error: AttributePop with no AttributePush open",
+                  "ZEL error: SphereV: no parameter info came before its parameter list"}));
+    EXPECT_EQ(readZelFile(path_).records.size(), 1u) << "the old file ends where output moved on";
+  }
 }
 
 TEST_F(ZelTest, OutputAfterSkippingStartsWithHeaderAndQuarks) {
