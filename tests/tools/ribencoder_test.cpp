@@ -38,6 +38,7 @@ struct Case {
   const char* name;
   const char* ascii;
   const char* bytes;  // hex
+  DefineForm form = DefineForm::kEncoded;
 };
 
 // Names the case in test listings instead of a byte dump of the struct.
@@ -48,7 +49,7 @@ void PrintTo(const Case& c, std::ostream* os) {
 class EncodesTokens : public testing::TestWithParam<Case> {};
 
 TEST_P(EncodesTokens, AsExpected) {
-  Encoded e = encode(GetParam().ascii);
+  Encoded e = encode(GetParam().ascii, GetParam().form);
   ASSERT_TRUE(e.result.ok) << e.result.message;
   EXPECT_EQ(hex(e.bytes), GetParam().bytes);
 }
@@ -109,27 +110,23 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"UnterminatedString", "\"ab", "22 61 62 20"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST(Encoder, DropsCommentsAndWhiteSpace) {
-  Encoded e = encode("##RenderMan RIB\n# a comment \xff\n\t 1\r\n# last");
-  EXPECT_EQ(hex(e.bytes), "80 01");
-}
+// A request's name is defined once, in the form asked for, then used by its code.
+INSTANTIATE_TEST_SUITE_P(
+    Requests, EncodesTokens,
+    testing::Values(
+        Case{"CommentsAndWhiteSpaceAreDropped", "##RenderMan RIB\n# a comment \xff\n\t 1\r\n# last",
+             "80 01"},
+        Case{"RequestDefinedOnceThenCoded", "Sphere Cone Sphere",
+             "CC 00 96 53 70 68 65 72 65 A6 00 CC 01 94 43 6F 6E 65 A6 01 A6 00"},
+        Case{"BareName", "Cone", "CC 00 43 6F 6E 65 A6 00", DefineForm::kBare},
+        Case{"QuotedName", "Cone", "CC 00 22 43 6F 6E 65 22 A6 00", DefineForm::kQuoted},
+        Case{"QuotedNameEscaped", "a\\b", "CC 00 22 61 5C 5C 62 22 A6 00", DefineForm::kQuoted},
+        Case{"KeywordEndsAtAQuoteOrBracket", "Ab\"x\"Cd[",
+             "CC 00 41 62 A6 00 91 78 CC 01 43 64 A6 01 5B", DefineForm::kBare}),
+    [](const auto& info) { return std::string(info.param.name); });
 
-TEST(Encoder, DefinesARequestOnceThenUsesItsCode) {
-  Encoded e = encode("Sphere Cone Sphere");
-  EXPECT_EQ(hex(e.bytes), "CC 00 96 53 70 68 65 72 65 A6 00 CC 01 94 43 6F 6E 65 A6 01 A6 00");
-  EXPECT_EQ(e.result.keywords, 3);
-}
-
-TEST(Encoder, WritesTheDefinedNameInEachForm) {
-  EXPECT_EQ(hex(encode("Cone", DefineForm::kBare).bytes), "CC 00 43 6F 6E 65 A6 00");
-  EXPECT_EQ(hex(encode("Cone", DefineForm::kQuoted).bytes), "CC 00 22 43 6F 6E 65 22 A6 00");
-  EXPECT_EQ(hex(encode("Cone", DefineForm::kEncoded).bytes), "CC 00 94 43 6F 6E 65 A6 00");
-  EXPECT_EQ(hex(encode("a\\b", DefineForm::kQuoted).bytes), "CC 00 22 61 5C 5C 62 22 A6 00");
-}
-
-TEST(Encoder, KeywordEndsAtAQuoteOrBracket) {
-  Encoded e = encode("Ab\"x\"Cd[", DefineForm::kBare);
-  EXPECT_EQ(hex(e.bytes), "CC 00 41 62 A6 00 91 78 CC 01 43 64 A6 01 5B");
+TEST(Encoder, CountsEveryKeyword) {
+  EXPECT_EQ(encode("Sphere Cone Sphere").result.keywords, 3);
 }
 
 TEST(Encoder, WritesWordsBeyondTheCodeTableAsText) {
