@@ -45,32 +45,61 @@ TEST(ParserDriver, OneStatementPerCall) {
   EXPECT_EQ(p.ranNames(), (Names{"WorldBegin", "Sphere", "WorldEnd"}));
 }
 
-TEST(ParserRecovery, UndefinedRequestIsReportedOnceAndSkipped) {
-  ReportCollector reports;
-  RecordingParser p("ignore 1 2 3 WorldEnd");
-  EXPECT_EQ(p.parse1(), 1);
-  EXPECT_TRUE(p.ran.empty());
-  EXPECT_EQ(reports.lines(), Names{"RIB error: undefined RIB request at line 1 'ignore'"});
-  EXPECT_EQ(p.parse1(), 0);
-  EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
-  EXPECT_EQ(reports.lines().size(), 1u);
+TEST(ParserRecovery, BadFirstTokenIsReportedOnceAndSkippedInOneCall) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"ignore 1 2 3 WorldEnd", "RIB error: undefined RIB request at line 1 'ignore'"},
+      {"1.5x WorldEnd", "RIB error: general syntactic error at line 1 '1.5x': Invalid number"},
+  };
+  for (const auto& [input, report] : cases) {
+    SCOPED_TRACE(input);
+    ReportCollector reports;
+    RecordingParser p(input);
+    EXPECT_EQ(p.parse1(), 1);
+    EXPECT_TRUE(p.ran.empty());
+    EXPECT_EQ(reports.lines(), Names{report});
+    EXPECT_EQ(p.parse1(), 0);
+    EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
+    EXPECT_EQ(reports.lines().size(), 1u);
+  }
 }
 
-TEST(ParserRecovery, StatementNotStartingWithAWordIsReportedOnce) {
-  ReportCollector reports;
-  RecordingParser p("1 2 3 WorldEnd");
-  p.parseAll();
-  EXPECT_EQ(reports.lines(),
-            Names{"RIB error: general syntactic error at line 1 '1': Expected Keyword"});
-  EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
-}
+struct RecoveryCase {
+  const char* input;
+  Names reports;
+  Names ran;
+};
 
-TEST(ParserRecovery, RequestNamesAreCaseSensitive) {
-  ReportCollector reports;
-  RecordingParser p("sphere WORLDEND WorldEnd");
-  p.parseAll();
-  EXPECT_EQ(reports.lines(), Names{"RIB error: undefined RIB request at line 1 'sphere'"});
-  EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
+TEST(ParserRecovery, StatementsAfterABadOneStillRun) {
+  const RecoveryCase cases[] = {
+      {"1 2 3 WorldEnd",
+       {"RIB error: general syntactic error at line 1 '1': Expected Keyword"},
+       {"WorldEnd"}},
+      // Request names are case sensitive.
+      {"sphere WORLDEND WorldEnd",
+       {"RIB error: undefined RIB request at line 1 'sphere'"},
+       {"WorldEnd"}},
+      // A known request inside an array stops recovery; the 2 and the bracket
+      // behind it are then a bad statement.
+      {"Bogus [ 1 Sphere 2 ]",
+       {"RIB error: undefined RIB request at line 1 'Bogus'",
+        "RIB error: general syntactic error at line 1 '2': Expected Keyword"},
+       {"Sphere"}},
+      // The 5. fails as the look-ahead behind WorldEnd; the 1e fails while the
+      // recovery after that report skips on. Each is reported.
+      {"WorldEnd 5. 1e\n\"open\nWorldBegin",
+       {"RIB error: general syntactic error at line 1 '5.': Invalid number",
+        "RIB error: general syntactic error at line 1 '1e': Invalid number",
+        "RIB error: general syntactic error at line 1 'open': String runs past end of line"},
+       {"WorldBegin"}},
+  };
+  for (const RecoveryCase& c : cases) {
+    SCOPED_TRACE(c.input);
+    ReportCollector reports;
+    RecordingParser p(c.input);
+    p.parseAll();
+    EXPECT_EQ(reports.lines(), c.reports);
+    EXPECT_EQ(p.ranNames(), c.ran);
+  }
 }
 
 TEST(ParserRecovery, FailedArgumentDropsTheRequestAndTheRestOfItsArguments) {
@@ -89,17 +118,6 @@ TEST(ParserRecovery, FailedArgumentDropsTheRequestAndTheRestOfItsArguments) {
   EXPECT_EQ(p.ranNames(), (Names{"Sphere", "WorldEnd"}));
 }
 
-TEST(ParserRecovery, KnownRequestInsideAnArrayStopsRecovery) {
-  ReportCollector reports;
-  RecordingParser p("Bogus [ 1 Sphere 2 ]");
-  p.parseAll();
-  // Sphere is run; the 2 and the bracket behind it are then a bad statement.
-  EXPECT_EQ(p.ranNames(), Names{"Sphere"});
-  EXPECT_EQ(reports.lines(),
-            (Names{"RIB error: undefined RIB request at line 1 'Bogus'",
-                   "RIB error: general syntactic error at line 1 '2': Expected Keyword"}));
-}
-
 TEST(ParserRecovery, MissingArgumentAtEndOfStreamEndsTheConversion) {
   ReportCollector reports;
   RecordingParser p("Sphere");
@@ -110,31 +128,6 @@ TEST(ParserRecovery, MissingArgumentAtEndOfStreamEndsTheConversion) {
   EXPECT_EQ(p.parse1(), 0);
   EXPECT_EQ(reports.lines(),
             Names{"RIB error: general syntactic error at line 1 'Sphere': Expected float"});
-}
-
-TEST(ParserRecovery, ScannerErrorInTheFirstTokenIsReportedAndSkipped) {
-  ReportCollector reports;
-  RecordingParser p("1.5x WorldEnd");
-  EXPECT_EQ(p.parse1(), 1);
-  EXPECT_TRUE(p.ran.empty());
-  EXPECT_EQ(reports.lines(),
-            Names{"RIB error: general syntactic error at line 1 '1.5x': Invalid number"});
-  EXPECT_EQ(p.parse1(), 0);
-  EXPECT_EQ(p.ranNames(), Names{"WorldEnd"});
-}
-
-TEST(ParserRecovery, ScannerErrorsDuringRecoveryAreEachReportedAndSkipped) {
-  ReportCollector reports;
-  // The 5. fails as the look-ahead behind WorldEnd; the 1e fails while the
-  // recovery after that report skips on.
-  RecordingParser p("WorldEnd 5. 1e\n\"open\nWorldBegin");
-  p.parseAll();
-  EXPECT_EQ(reports.lines(),
-            (Names{"RIB error: general syntactic error at line 1 '5.': Invalid number",
-                   "RIB error: general syntactic error at line 1 '1e': Invalid number",
-                   "RIB error: general syntactic error at line 1 'open': String runs past end "
-                   "of line"}));
-  EXPECT_EQ(p.ranNames(), Names{"WorldBegin"});
 }
 
 TEST(ParserRecovery, ExceptionFromAHandlerIsReportedWithItsCodeAndSeverity) {
