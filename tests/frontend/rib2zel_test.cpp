@@ -51,7 +51,7 @@ TEST(Rib2zel, ConvertsNextToTheInputPastABadRequest) {
   }
 }
 
-TEST(Rib2zel, EndsWithTheStatusAndExitOfWhatWasReported) {
+TEST(Rib2zel, EndsWithTheStatusLineAndExitOfWhatWasReported) {
   const struct {
     std::string rib;
     lines options;
@@ -69,6 +69,7 @@ TEST(Rib2zel, EndsWithTheStatusAndExitOfWhatWasReported) {
       {"# only a comment\n##RenderMan RIB\n\n", {}, 0, {"Success."}},
       {"ErrorHandler \"ignore\"\nBogus 1 2\nHider \"x\"\nSphere 1 -1 1 360\n", {}, 0, {"Success."}},
       {kBadAmongGood, {"-q"}, 1, {kBogusLine}},
+      {kBadAmongGood, {"--parse-only"}, 1, {kBogusLine, "There are warning/error messages."}},
       {"ErrorHandler \"abort\"\nBogus 1 2\nWorldBegin\n",
        {},
        128 + SIGABRT,
@@ -80,53 +81,43 @@ TEST(Rib2zel, EndsWithTheStatusAndExitOfWhatWasReported) {
     runresult r = convertFile(dir, c.rib, c.options);
     EXPECT_EQ(r.status, c.status);
     EXPECT_EQ(r.errLines, c.errLines);
+    // Only a parse-only run leaves no scene file.
+    EXPECT_EQ(fs::exists(dir.file("in.zel")), c.options != lines{"--parse-only"});
   }
 }
 
-TEST(Rib2zel, FailsOnAMissingInputWithoutTouchingTheOutput) {
+// Input or output that cannot be used ends with status 2 and its whole message.
+TEST(Rib2zel, FailsOnInputOrOutputThatCannotBeUsed) {
   scratchdir dir;
-  std::string in = dir.file("none.rib").string();
-  runresult r = runrib2zel(dir, {in});
-  EXPECT_EQ(r.status, 2);
-  EXPECT_EQ(r.errLines,
-            lines{"rib2zel: Unable to open input file \"" + in + "\": No such file or directory"});
-  EXPECT_FALSE(fs::exists(dir.file("none.zel")));
-}
-
-TEST(Rib2zel, FailsOnAnOutputThatCannotBeOpened) {
-  scratchdir dir;
-  std::string in = dir.write("in.rib", kGood).string();
+  const std::string in = dir.write("in.rib", kGood).string();
+  const std::string bad = dir.write("bad.rib", kBadAmongGood).string();
+  const std::string none = dir.file("none.rib").string();
+  const std::string zel = dir.write("scene.zel", kGood).string();
+  const std::string gz = gzipped(kGood);
+  const std::string cut = dir.write("cut.rib.gz", gz.substr(0, gz.size() - 10)).string();
+  const std::string noDir = dir.file("missing/out.zel").string();
+  const std::string isDir = dir.path().string();
   const struct {
-    std::string output;
-    std::string reason;
+    lines args;
+    lines errLines;
   } cases[] = {
-      {dir.file("missing/out.zel").string(), "No such file or directory"},
-      {dir.path().string(), "Is a directory"},
+      {{none}, {"rib2zel: Unable to open input file \"" + none + "\": No such file or directory"}},
+      {{in, noDir}, {"rib2zel: Unable to open file \"" + noDir + "\": No such file or directory"}},
+      {{in, isDir}, {"rib2zel: Unable to open file \"" + isDir + "\": Is a directory"}},
+      {{zel}, {"rib2zel: The output \"" + zel + "\" is the input file"}},
+      {{bad, "/dev/full"},
+       {kBogusLine,
+        "ZEL severe error: cannot write the scene file \"/dev/full\": No space left on device"}},
+      {{cut}, {"rib2zel: Unable to read \"" + cut + "\": the compressed data ends early"}},
   };
   for (const auto& c : cases) {
-    runresult r = runrib2zel(dir, {in, c.output});
+    SCOPED_TRACE(c.args[0]);
+    runresult r = runrib2zel(dir, c.args);
     EXPECT_EQ(r.status, 2);
-    EXPECT_EQ(r.errLines, lines{"rib2zel: Unable to open file \"" + c.output + "\": " + c.reason});
+    EXPECT_EQ(r.errLines, c.errLines);
   }
-}
-
-TEST(Rib2zel, RefusesToWriteOverItsInput) {
-  scratchdir dir;
-  std::string in = dir.write("scene.zel", kGood).string();
-  runresult r = runrib2zel(dir, {in});
-  EXPECT_EQ(r.status, 2);
-  EXPECT_EQ(r.errLines, lines{"rib2zel: The output \"" + in + "\" is the input file"});
-  EXPECT_EQ(readfile(in), kGood);
-}
-
-TEST(Rib2zel, FailsWhenTheSceneCannotBeWritten) {
-  scratchdir dir;
-  std::string in = dir.write("in.rib", kBadAmongGood).string();
-  runresult r = runrib2zel(dir, {in, "/dev/full"});
-  EXPECT_EQ(r.status, 2);
-  EXPECT_EQ(r.errLines, (lines{kBogusLine,
-                               "ZEL severe error: cannot write the scene file \"/dev/full\": No "
-                               "space left on device"}));
+  EXPECT_FALSE(fs::exists(dir.file("none.zel")));
+  EXPECT_EQ(readfile(zel), kGood);
 }
 
 TEST(Rib2zel, ConvertsStandardInputToStandardOutput) {
@@ -151,24 +142,6 @@ TEST(Rib2zel, ReadsCompressedInputFromAFileAndFromStandardInput) {
   runresult fromStdin = runrib2zel(dir, {"-", "-"}, &gz);
   EXPECT_EQ(fromStdin.errLines, fromFile.errLines);
   EXPECT_EQ(fromStdin.out, readfile(dir.file("scene.zel")));
-}
-
-TEST(Rib2zel, FailsOnTruncatedCompressedInput) {
-  scratchdir dir;
-  std::string gz = gzipped(kGood);
-  std::string in = dir.write("cut.rib.gz", gz.substr(0, gz.size() - 10)).string();
-  runresult r = runrib2zel(dir, {in});
-  EXPECT_EQ(r.status, 2);
-  EXPECT_EQ(r.errLines.back(),
-            "rib2zel: Unable to read \"" + in + "\": the compressed data ends early");
-}
-
-TEST(Rib2zel, ParseOnlyWritesNoScene) {
-  scratchdir dir;
-  runresult r = convertFile(dir, kBadAmongGood, {"--parse-only"});
-  EXPECT_EQ(r.status, 1);
-  EXPECT_EQ(r.errLines, (lines{kBogusLine, "There are warning/error messages."}));
-  EXPECT_FALSE(fs::exists(dir.file("in.zel")));
 }
 
 TEST(Rib2zel, AnswersHelpVersionAndUsageErrors) {
