@@ -18,15 +18,17 @@ std::vector<uint32_t> capacitiesUpTo(Array<int32_t>& a, uint32_t index) {
   return seen;
 }
 
-TEST(ArrayTest, StartsEmptyWithTwelveSlots) {
-  Array<int32_t> a;
-  EXPECT_EQ(a.count, 0u);
-  EXPECT_EQ(a.capacity, 12u);
-  EXPECT_NE(a.data, nullptr);
+template <class T>
+Array<T> arrayOf(std::initializer_list<T> values) {
+  Array<T> a;
+  for (const T& v : values) a.append(v);
+  return a;
 }
 
 TEST(ArrayTest, GrowthSequences) {
   Array<int32_t> a;
+  EXPECT_EQ(a.count, 0u);
+  EXPECT_NE(a.data, nullptr);
   EXPECT_EQ(capacitiesUpTo(a, 300),
             (std::vector<uint32_t>{12, 19, 29, 44, 67, 101, 152, 229, 344}));
   Array<int32_t> z(nullptr, 0, 0);
@@ -48,16 +50,11 @@ TEST(ArrayTest, IndexingExtendsTheArray) {
   EXPECT_EQ(a.capacity, 101u);
 }
 
-TEST(ArrayTest, AppendKeepsOrderAcrossGrowth) {
+TEST(ArrayTest, AppendKeepsOrderAcrossGrowthAndClearKeepsTheCapacity) {
   Array<float> a;
   for (int i = 0; i < 40; ++i) a.append(i * 0.5f);
   ASSERT_EQ(a.count, 40u);
   for (int i = 0; i < 40; ++i) EXPECT_EQ(a.data[i], i * 0.5f);
-}
-
-TEST(ArrayTest, ClearKeepsTheCapacity) {
-  Array<int32_t> a;
-  a(30) = 1;
   uint32_t cap = a.capacity;
   a.clear();
   EXPECT_EQ(a.count, 0u);
@@ -87,9 +84,7 @@ TEST(ArrayTest, AssignmentTakesCapacityAndElements) {
 }
 
 TEST(ArrayTest, FindComparesAsEachTypeSays) {
-  Array<String> strings;
-  strings.append(String("x"));
-  strings.append(String("Sphere"));
+  Array<String> strings = arrayOf<String>({String("x"), String("Sphere")});
   EXPECT_EQ(strings.find(String("Sphere")), 1);
   EXPECT_EQ(strings.find(String("Cone")), -1);
 
@@ -108,10 +103,7 @@ TEST(ArrayTest, FindComparesAsEachTypeSays) {
   EXPECT_EQ(points.find(same), -1);
   EXPECT_EQ(points.data[0][2], 3.0f);
 
-  Array<float> floats;
-  floats.append(0.25f);
-  floats.append(-0.0f);
-  EXPECT_EQ(floats.find(0.0f), 1);
+  EXPECT_EQ(arrayOf<float>({0.25f, -0.0f}).find(0.0f), 1);
 }
 
 template <class T>
@@ -122,34 +114,19 @@ std::string printed(const Array<T>& a) {
 }
 
 TEST(ArrayTest, PrintPutsTwelveOnALine) {
-  Array<int32_t> a;
-  for (int i = 1; i <= 13; ++i) a.append(i);
-  EXPECT_EQ(printed(a), "( 13 )< 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12\n\t13 >\n");
+  EXPECT_EQ(printed(arrayOf<int32_t>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13})),
+            "( 13 )< 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12\n\t13 >\n");
   EXPECT_EQ(printed(Array<int32_t>()), "( 0 )<  >\n");
-  Array<int32_t> twelve;
-  for (int i = 0; i < 12; ++i) twelve.append(i);
-  EXPECT_EQ(printed(twelve), "( 12 )< 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11 >\n");
+  EXPECT_EQ(printed(arrayOf<int32_t>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11})),
+            "( 12 )< 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11 >\n");
 }
 
 TEST(ArrayTest, PrintFormsPerElementType) {
-  Array<char> chars;
-  chars.append('a');
-  chars.append('b');
-  EXPECT_EQ(printed(chars), "( 2 )< a, b >\n");
-
+  EXPECT_EQ(printed(arrayOf<char>({'a', 'b'})), "( 2 )< a, b >\n");
+  EXPECT_EQ(printed(arrayOf<uint16_t>({65535})), "( 1 )< 65535 >\n");
+  EXPECT_EQ(printed(arrayOf<float>({1.5f})), "( 1 )< 1.5 >\n");
   char word[] = "word";
-  Array<char*> names;
-  names.append(word);
-  names.append(nullptr);
-  EXPECT_EQ(printed(names), "( 2 )< word, (null) >\n");
-
-  Array<uint16_t> sizes;
-  sizes.append(65535);
-  EXPECT_EQ(printed(sizes), "( 1 )< 65535 >\n");
-
-  Array<float> floats;
-  floats.append(1.5f);
-  EXPECT_EQ(printed(floats), "( 1 )< 1.5 >\n");
+  EXPECT_EQ(printed(arrayOf<char*>({word, nullptr})), "( 2 )< word, (null) >\n");
 
   Array<float[3]> points;
   float p[3] = {0, 0, 0};
