@@ -15,7 +15,7 @@ using Reader = std::function<int32_t(parserib&)>;
 
 struct MatchCase {
   const char* name;
-  const char* input;
+  std::string input;
   Reader read;
   int32_t result;
   const char* report;  // the whole line, or null for none
@@ -54,8 +54,15 @@ const auto point = single<float[3]>, matrix = single<float[4][4]>;
 const auto floats = array<float>, ints = array<int32_t>, points = array<float[3]>;
 
 using Lines = std::vector<std::string>;
-Lines linesOf(const char* report) {
-  return report ? Lines{report} : Lines{};
+
+// A binary float array ("0xC8 n" and n big-endian floats) holding 1, 2, ... n.
+std::string binaryFloats(int n) {
+  std::string bytes = {static_cast<char>(0xC8), static_cast<char>(n)};
+  for (int i = 1; i <= n; ++i) {
+    const uint32_t bits = std::bit_cast<uint32_t>(static_cast<float>(i));
+    for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(bits >> shift);
+  }
+  return bytes;
 }
 
 const int16_t KW = LEXKEYWORD;
@@ -141,6 +148,18 @@ const MatchCase kCases[] = {
      "RIB error: incorrect parameter value at line 1 '3': Expected 2 points", KW},
     {"PointsBareSingle", "1 2 3 WorldEnd", points(-1, 0), 1, nullptr, KW},
     {"PointsTwo", "[ 1 2 3 4 5 6 ] WorldEnd", points(-1, 1), 2, nullptr, KW},
+
+    // The elements of a binary array are taken by the array readers in one go;
+    // results, reports and where the reading stops are those of single tokens.
+    {"BinaryAllFloats", binaryFloats(4) + " WorldEnd", floats(-1, 0), 4, nullptr, KW},
+    {"BinaryFewerFloatsThanTheArray", binaryFloats(4) + " WorldEnd", floats(3, 0), 0,
+     "RIB error: general syntactic error at line 1 '': Expected character ']'", KW},
+    {"BinaryWholePoints", binaryFloats(6) + " WorldEnd", points(-1, 1), 2, nullptr, KW},
+    {"BinaryPointCutShort", binaryFloats(5) + " WorldEnd", points(-1, 1), 0,
+     "RIB error: general syntactic error at line 1 '': Expected float", KW},
+    {"BinaryTooFewPoints", binaryFloats(3) + " WorldEnd", points(2, 1), 0,
+     "RIB error: incorrect parameter value at line 1 '': Expected 2 points", KW},
+    {"BinarySinglePoint", binaryFloats(3) + " WorldEnd", points(1, 0), 1, nullptr, KW},
 };
 
 class MatchTable : public ::testing::TestWithParam<MatchCase> {};
@@ -150,7 +169,7 @@ TEST_P(MatchTable, ResultReportAndNextToken) {
   ReportCollector reports;
   RecordingParser p(c.input);
   EXPECT_EQ(c.read(p.primed()), c.result);
-  EXPECT_EQ(reports.lines(), linesOf(c.report));
+  EXPECT_EQ(reports.lines(), c.report ? Lines{c.report} : Lines{});
   EXPECT_EQ(p.token, c.tokenAfter);
 }
 
@@ -189,48 +208,6 @@ TEST(MatchValues, ArrayIsEmptiedEvenWhenTheReadFailsAtOnce) {
   ReportCollector reports;
   EXPECT_EQ(p.primed().match(a, -1, 1), 0);
   EXPECT_EQ(a.count, 0u);
-}
-
-// A binary float array ("0xC8 n" and n big-endian floats) holding 1, 2, ... n.
-std::string binaryFloats(int n) {
-  std::string bytes = {static_cast<char>(0xC8), static_cast<char>(n)};
-  for (int i = 1; i <= n; ++i) {
-    const uint32_t bits = std::bit_cast<uint32_t>(static_cast<float>(i));
-    for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(bits >> shift);
-  }
-  return bytes;
-}
-
-struct BinaryCase {
-  const char* name;
-  int elements;
-  Reader read;
-  int32_t result;
-  const char* report;
-};
-
-// The elements of a binary array are taken by the array readers in one go;
-// results, reports and where the reading stops are those of single tokens.
-TEST(MatchBinaryArrays, ReadAsTokenByToken) {
-  const BinaryCase cases[] = {
-      {"all floats", 4, floats(-1, 0), 4, nullptr},
-      {"fewer floats than the array", 4, floats(3, 0), 0,
-       "RIB error: general syntactic error at line 1 '': Expected character ']'"},
-      {"whole points", 6, points(-1, 1), 2, nullptr},
-      {"a point cut short", 5, points(-1, 1), 0,
-       "RIB error: general syntactic error at line 1 '': Expected float"},
-      {"too few points", 3, points(2, 1), 0,
-       "RIB error: incorrect parameter value at line 1 '': Expected 2 points"},
-      {"a single point", 3, points(1, 0), 1, nullptr},
-  };
-  for (const BinaryCase& c : cases) {
-    SCOPED_TRACE(c.name);
-    ReportCollector reports;
-    RecordingParser p(binaryFloats(c.elements) + " WorldEnd");
-    EXPECT_EQ(c.read(p.primed()), c.result);
-    EXPECT_EQ(reports.lines(), linesOf(c.report));
-    EXPECT_EQ(p.token, LEXKEYWORD);
-  }
 }
 
 // Binary integers of each width, among them an ASCII one and white space,
