@@ -8,10 +8,7 @@
 #include "rib/lexanrib.h"
 #include "tests/rib/lexanrib_test_support.h"
 
-using lexantest::Reports;
-using lexantest::Scan;
-using lexantest::tokens;
-using Words = std::vector<std::string>;
+using namespace lexantest;
 
 namespace {
 
@@ -20,16 +17,6 @@ std::string bytes(std::initializer_list<int> list) {
   std::string s;
   for (int b : list) s += static_cast<char>(b);
   return s;
-}
-
-struct Case {
-  std::string input;
-  Words expected;
-};
-
-void expectTokens(const std::vector<Case>& cases) {
-  for (size_t i = 0; i < cases.size(); ++i)
-    EXPECT_EQ(tokens(cases[i].input), cases[i].expected) << "case " << i;
 }
 
 TEST(LexanribBinary, NumbersOfEveryEncoding) {
@@ -59,7 +46,7 @@ TEST(LexanribBinary, Strings) {
   Scan scan(bytes({0x93, 'a', 0, 'b', 0x92, '\\', 'n'}));
   ASSERT_EQ(scan.lex.next(), LEXSTRING);
   EXPECT_EQ(scan.lex.text.count, 4u);  // a NUL b, then the terminator
-  EXPECT_EQ(lexantest::describe(scan.lex, LEXSTRING), "STRING a");
+  EXPECT_EQ(describe(scan.lex, LEXSTRING), "STRING a");
   EXPECT_EQ(scan.lex.next(), LEXSTRING);
   EXPECT_STREQ(scan.lex.text.data, "\\n");
   EXPECT_EQ(scan.lex.line, 1);

@@ -14,9 +14,7 @@
 #include "rib/lexanrib.h"
 #include "tests/rib/lexanrib_test_support.h"
 
-using lexantest::Scan;
-using lexantest::tokens;
-using Words = std::vector<std::string>;
+using namespace lexantest;
 
 namespace {
 

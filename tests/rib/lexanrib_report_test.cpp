@@ -7,9 +7,7 @@
 #include "rib/lexanrib.h"
 #include "tests/rib/lexanrib_test_support.h"
 
-using lexantest::Reports;
-using lexantest::Scan;
-using Words = std::vector<std::string>;
+using namespace lexantest;
 
 namespace {
 
@@ -27,7 +25,7 @@ TEST(LexanribReport, LineFormat) {
   // A report names the line where the scan began: just after Sphere.
   EXPECT_EQ(reportAfter(std::string(11, '\n') + "Sphere 1.5x", 1,
                         [](lexanrib& lex) {
-                          std::string e = lexantest::raised(lex);
+                          std::string e = raised(lex);
                           EXPECT_EQ(e, "16 2 Invalid number");
                           lex.RIBError(16, 2, "%s", e.substr(5).c_str());
                         }),
@@ -144,7 +142,7 @@ TEST(LexanribReport, MemoryFailureInStringIsToldAsCode15) {
   ThrowingSource source("Sphere \"abc");
   lexanrib lex(source);
   ASSERT_EQ(lex.next(), LEXKEYWORD);
-  EXPECT_EQ(lexantest::raised(lex), "0 3 ");
+  EXPECT_EQ(raised(lex), "0 3 ");
   EXPECT_EQ(reports.lines(),
             (Words{"severe RIB error: insufficient memory to read string at line 1 "
                    "'abc': Free store exhausted"}));
@@ -154,7 +152,7 @@ TEST(LexanribReport, MemoryFailureElsewherePassesOn) {
   Reports reports;
   ThrowingSource source("Sphe");
   lexanrib lex(source);
-  EXPECT_EQ(lexantest::raised(lex), "13 3 Free store exhausted");
+  EXPECT_EQ(raised(lex), "13 3 Free store exhausted");
   EXPECT_TRUE(reports.lines().empty());
 }
 

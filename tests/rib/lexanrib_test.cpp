@@ -10,22 +10,9 @@
 
 #include "tests/rib/lexanrib_test_support.h"
 
-using lexantest::raised;
-using lexantest::Reports;
-using lexantest::Scan;
-using lexantest::tokens;
-using Words = std::vector<std::string>;
+using namespace lexantest;
 
 namespace {
-
-struct Case {
-  const char* input;
-  Words expected;
-};
-
-void expectTokens(const std::vector<Case>& cases) {
-  for (const Case& c : cases) EXPECT_EQ(tokens(c.input), c.expected) << "input: " << c.input;
-}
 
 TEST(LexanribNumbers, NumbersReadAsTheirValues) {
   expectTokens({

@@ -2,6 +2,8 @@
 // stream written out as words, and report lines collected from the printer.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 
@@ -9,6 +11,8 @@
 #include "rib/lexanrib.h"
 
 namespace lexantest {
+
+using Words = std::vector<std::string>;
 
 struct Scan {
   explicit Scan(std::string input)
@@ -80,6 +84,18 @@ inline std::string raised(lexanrib& lex) {
 inline std::vector<std::string> tokens(const std::string& input) {
   Scan scan(input);
   return tokens(scan.lex);
+}
+
+// Inputs with the token words each must scan to.
+struct Case {
+  std::string input;
+  std::vector<std::string> expected;
+};
+
+inline void expectTokens(const std::vector<Case>& cases) {
+  for (size_t i = 0; i < cases.size(); ++i) {
+    EXPECT_EQ(tokens(cases[i].input), cases[i].expected) << "case " << i << ": " << cases[i].input;
+  }
 }
 
 // Collects report lines while it lives, then puts the old printer back.
