@@ -58,24 +58,13 @@ TEST(LexanribNumbers, MalformedNumbersRaiseAndQuoteTheWord) {
   }
 }
 
-TEST(LexanribNumbers, FailedNumberLeavesTokenKindAlone) {
-  Scan scan("Sphere 5.");
-  EXPECT_EQ(scan.lex.next(), LEXKEYWORD);
-  EXPECT_THROW(scan.lex.next(), RIBException);
-  EXPECT_EQ(scan.lex.thistoke, LEXKEYWORD);
-  EXPECT_EQ(scan.lex.next(), LEXEOF);
-}
-
 TEST(LexanribStrings, EscapesAndOctal) {
   expectTokens({
       {R"("plain")", {"STRING plain", "EOF"}},
       {R"("a\q")", {"STRING aq", "EOF"}},
       {R"("\101\60")", {"STRING A0", "EOF"}},
       {R"("\1019")", {"STRING A9", "EOF"}},
-      {R"("\18")",
-       {"STRING \x01"
-        "8",
-        "EOF"}},
+      {R"("\18")", {"STRING \0018", "EOF"}},
       {R"("ab\0cd")", {"STRING ab", "EOF"}},
       {R"("q\"q\\")", {"STRING q\"q\\", "EOF"}},
       {R"("\n\r\t\b\f")", {"STRING \n\r\t\b\f", "EOF"}},
@@ -105,14 +94,23 @@ TEST(LexanribStrings, LineEndInsideAStringRaisesAndLeavesTheRestOfTheLine) {
   EXPECT_EQ(reports.lines().size(), 2u);
 }
 
-TEST(LexanribStrings, BrokenStringKeepsTheTokenKind) {
-  Scan scan("Sphere \"ab\ncd");
+// A failed number or string and a bracket leave the last token kind alone.
+TEST(LexanribStream, TokenKindSurvivesFailuresAndBrackets) {
+  Scan number("Sphere 5.");
+  EXPECT_EQ(number.lex.next(), LEXKEYWORD);
+  EXPECT_THROW(number.lex.next(), RIBException);
+  EXPECT_EQ(number.lex.thistoke, LEXKEYWORD);
+  EXPECT_EQ(number.lex.next(), LEXEOF);
+
+  Scan scan("Sphere \"ab\ncd [");
   EXPECT_EQ(scan.lex.next(), LEXKEYWORD);
   EXPECT_EQ(raised(scan.lex), "16 2 String runs past end of line");
   EXPECT_EQ(scan.lex.thistoke, LEXKEYWORD);
   EXPECT_STREQ(scan.lex.text.data, "ab");
   EXPECT_EQ(scan.lex.line, 2);
   EXPECT_EQ(scan.lex.next(), LEXKEYWORD);  // the rest of the line: cd
+  EXPECT_EQ(scan.lex.next(), '[');
+  EXPECT_EQ(scan.lex.thistoke, LEXKEYWORD);
 }
 
 TEST(LexanribStrings, UnterminatedAtEndIsReportedAndDelivered) {
@@ -162,13 +160,6 @@ TEST(LexanribKeywords, WordsEndOnlyAtTerminators) {
       {"  \t\r\n# only a comment", {"EOF"}},
       {"##RenderMan RIB\nWorldBegin", {"KEYWORD WorldBegin", "EOF"}},
   });
-}
-
-TEST(LexanribKeywords, BracketsLeaveTheKindAlone) {
-  Scan scan("Sphere [");
-  scan.lex.next();
-  EXPECT_EQ(scan.lex.next(), '[');
-  EXPECT_EQ(scan.lex.thistoke, LEXKEYWORD);
 }
 
 TEST(LexanribStream, LinesCountFromWhereTheScanBegan) {
