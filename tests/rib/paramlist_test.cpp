@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <iterator>
 #include <sstream>
 #include <string>
