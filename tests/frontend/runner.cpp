@@ -9,23 +9,6 @@
 #include <sstream>
 #include <stdexcept>
 
-scratchdir::scratchdir() {
-  std::string pattern = (fs::temp_directory_path() / "rib2zel-test-XXXXXX").string();
-  if (!mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
-  path_ = pattern;
-}
-
-scratchdir::~scratchdir() {
-  std::error_code ignored;
-  fs::remove_all(path_, ignored);
-}
-
-fs::path scratchdir::write(const std::string& name, const std::string& bytes) const {
-  fs::path p = file(name);
-  std::ofstream(p, std::ios::binary) << bytes;
-  return p;
-}
-
 std::string readfile(const fs::path& p) {
   std::ifstream in(p, std::ios::binary);
   std::stringstream s;

@@ -9,21 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/scratchdir.h"
+
 namespace fs = std::filesystem;
-
-// A fresh directory for one test, removed with everything in it afterwards.
-class scratchdir {
- public:
-  scratchdir();
-  ~scratchdir();
-  const fs::path& path() const { return path_; }
-  fs::path file(const std::string& name) const { return path_ / name; }
-  // Writes bytes to a file in this directory and returns its path.
-  fs::path write(const std::string& name, const std::string& bytes) const;
-
- private:
-  fs::path path_;
-};
 
 std::string readfile(const fs::path& p);
 // Splits text at "\n"; a missing final line end leaves the last piece in too.

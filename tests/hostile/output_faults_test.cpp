@@ -10,6 +10,7 @@
 #include <string>
 
 #include "tests/hostile/childrun.h"
+#include "tests/support/scratchdir.h"
 #include "zel/reader/zelreader.h"
 
 namespace {
@@ -23,27 +24,8 @@ void manySpheres(feeder& f) {
   f << "WorldEnd\n";
 }
 
-class tempdir {
- public:
-  tempdir() {
-    std::string pattern = (fs::temp_directory_path() / "rib2zel-faults-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) std::abort();
-    path_ = pattern;
-  }
-  tempdir(const tempdir&) = delete;
-  tempdir& operator=(const tempdir&) = delete;
-  ~tempdir() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-  }
-  fs::path file(const char* name) const { return path_ / name; }
-
- private:
-  fs::path path_;
-};
-
 TEST(OutputFaults, AFileThatReachesItsSizeLimitKeepsWholeRecords) {
-  tempdir dir;
+  scratchdir dir;
   const std::string out = dir.file("scene.zel").string();
   constexpr rlim_t kLimit = 256 * 1024;
   const childresult r = runchild({{"-", out}, manySpheres, "/dev/null", kLimit});

@@ -20,6 +20,7 @@
 
 #include "frontend/conversion.h"
 #include "tests/memory/conversion/walkallocator.h"
+#include "tests/support/scratchdir.h"
 #include "zel/reader/zelreader.h"
 
 namespace {
@@ -74,25 +75,12 @@ const std::regex kMemoryReport(
     "severe RIB error: (insufficient memory to read string|insufficient memory to construct "
     "array|generic instance of insufficient memory) at line [0-9]+( '.*')?: Free store exhausted");
 
-class scratch {
+// The walk's input file and its output, in a directory of their own.
+class scratch : public scratchdir {
  public:
-  scratch() {
-    std::string pattern = (fs::temp_directory_path() / "rib2zel-memwalk-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) std::abort();
-    dir_ = pattern;
-    std::ofstream(dir_ / "in.rib", std::ios::binary) << std::string(kInput, sizeof kInput - 1);
-  }
-  scratch(const scratch&) = delete;
-  scratch& operator=(const scratch&) = delete;
-  ~scratch() {
-    std::error_code ignored;
-    fs::remove_all(dir_, ignored);
-  }
-  fs::path input() const { return dir_ / "in.rib"; }
-  fs::path output() const { return dir_ / "out.zel"; }
-
- private:
-  fs::path dir_;
+  scratch() { write("in.rib", std::string(kInput, sizeof kInput - 1)); }
+  fs::path input() const { return file("in.rib"); }
+  fs::path output() const { return file("out.zel"); }
 };
 
 struct run {
