@@ -67,7 +67,9 @@ class parserib {
     int operator==(const handle_assoc& other) const { return sequence == other.sequence; }
   };
 
-  static constexpr int kRequestCount = 93;
+#define RIB_COUNT_REQUEST(name) +1
+  static constexpr int kRequestCount = 0 RIB_REQUESTS(RIB_COUNT_REQUEST);
+#undef RIB_COUNT_REQUEST
   static constexpr uint16_t kBuckets = 111;
 
   explicit parserib(bytesource& in, const char* name = "stdin");
