@@ -4,8 +4,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-pkgs=(cmake g++ make libgtest-dev libgmock-dev libbenchmark-dev zlib1g-dev nlohmann-json3-dev
-      qt6-base-dev clang libclang-rt-14-dev python3)
+pkgs=(cmake g++ make libgtest-dev zlib1g-dev nlohmann-json3-dev qt6-base-dev clang libclang-rt-14-dev
+      clang-format python3)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
