@@ -123,12 +123,7 @@ RtVoid RiSides(RtInt sides) {
 }
 
 RtVoid RiAttribute(RtToken name, ...) {
-  NamedCall named("RiAttribute");
-  va_list arguments;
-  va_start(arguments, name);
-  CollectedList list(arguments);
-  va_end(arguments);
-  attribute(name, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kUngated, RtVoid(), "RiAttribute", name, attribute, name);
 }
 
 RtVoid RiAttributeV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {

@@ -74,13 +74,7 @@ void nupatch(RtInt nu, RtInt uorder, RtFloat uknot[], RtFloat umin, RtFloat umax
 }  // namespace
 
 RtVoid RiPolygon(RtInt nverts, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiPolygon");
-  va_list arguments;
-  va_start(arguments, nverts);
-  CollectedList list(arguments);
-  va_end(arguments);
-  polygon(nverts, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiPolygon", nverts, polygon, nverts);
 }
 
 RtVoid RiPolygonV(RtInt nverts, RtInt n, RtToken tokens[], RtPointer values[]) {
@@ -90,13 +84,7 @@ RtVoid RiPolygonV(RtInt nverts, RtInt n, RtToken tokens[], RtPointer values[]) {
 }
 
 RtVoid RiGeneralPolygon(RtInt nloops, RtInt nverts[], ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiGeneralPolygon");
-  va_list arguments;
-  va_start(arguments, nverts);
-  CollectedList list(arguments);
-  va_end(arguments);
-  generalpolygon(nloops, nverts, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiGeneralPolygon", nverts, generalpolygon, nloops, nverts);
 }
 
 RtVoid RiGeneralPolygonV(RtInt nloops, RtInt nverts[], RtInt n, RtToken tokens[],
@@ -107,13 +95,7 @@ RtVoid RiGeneralPolygonV(RtInt nloops, RtInt nverts[], RtInt n, RtToken tokens[]
 }
 
 RtVoid RiPointsPolygons(RtInt npolys, RtInt nverts[], RtInt verts[], ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiPointsPolygons");
-  va_list arguments;
-  va_start(arguments, verts);
-  CollectedList list(arguments);
-  va_end(arguments);
-  pointspolygons(npolys, nverts, verts, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiPointsPolygons", verts, pointspolygons, npolys, nverts, verts);
 }
 
 RtVoid RiPointsPolygonsV(RtInt npolys, RtInt nverts[], RtInt verts[], RtInt n, RtToken tokens[],
@@ -124,13 +106,8 @@ RtVoid RiPointsPolygonsV(RtInt npolys, RtInt nverts[], RtInt verts[], RtInt n, R
 }
 
 RtVoid RiPointsGeneralPolygons(RtInt npolys, RtInt nloops[], RtInt nverts[], RtInt verts[], ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiPointsGeneralPolygons");
-  va_list arguments;
-  va_start(arguments, verts);
-  CollectedList list(arguments);
-  va_end(arguments);
-  pointsgeneralpolygons(npolys, nloops, nverts, verts, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiPointsGeneralPolygons", verts, pointsgeneralpolygons, npolys,
+                nloops, nverts, verts);
 }
 
 RtVoid RiPointsGeneralPolygonsV(RtInt npolys, RtInt nloops[], RtInt nverts[], RtInt verts[],
@@ -141,13 +118,7 @@ RtVoid RiPointsGeneralPolygonsV(RtInt npolys, RtInt nloops[], RtInt nverts[], Rt
 }
 
 RtVoid RiPatch(RtToken type, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiPatch");
-  va_list arguments;
-  va_start(arguments, type);
-  CollectedList list(arguments);
-  va_end(arguments);
-  patch(type, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiPatch", type, patch, type);
 }
 
 RtVoid RiPatchV(RtToken type, RtInt n, RtToken tokens[], RtPointer values[]) {
@@ -157,13 +128,7 @@ RtVoid RiPatchV(RtToken type, RtInt n, RtToken tokens[], RtPointer values[]) {
 }
 
 RtVoid RiPatchMesh(RtToken type, RtInt nu, RtToken uwrap, RtInt nv, RtToken vwrap, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiPatchMesh");
-  va_list arguments;
-  va_start(arguments, vwrap);
-  CollectedList list(arguments);
-  va_end(arguments);
-  patchmesh(type, nu, uwrap, nv, vwrap, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiPatchMesh", vwrap, patchmesh, type, nu, uwrap, nv, vwrap);
 }
 
 RtVoid RiPatchMeshV(RtToken type, RtInt nu, RtToken uwrap, RtInt nv, RtToken vwrap, RtInt n,
@@ -175,14 +140,8 @@ RtVoid RiPatchMeshV(RtToken type, RtInt nu, RtToken uwrap, RtInt nv, RtToken vwr
 
 RtVoid RiNuPatch(RtInt nu, RtInt uorder, RtFloat uknot[], RtFloat umin, RtFloat umax, RtInt nv,
                  RtInt vorder, RtFloat vknot[], RtFloat vmin, RtFloat vmax, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiNuPatch");
-  va_list arguments;
-  va_start(arguments, vmax);
-  CollectedList list(arguments);
-  va_end(arguments);
-  nupatch(nu, uorder, uknot, umin, umax, nv, vorder, vknot, vmin, vmax, list.n, list.tokens,
-          list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiNuPatch", vmax, nupatch, nu, uorder, uknot, umin, umax, nv,
+                vorder, vknot, vmin, vmax);
 }
 
 RtVoid RiNuPatchV(RtInt nu, RtInt uorder, RtFloat uknot[], RtFloat umin, RtFloat umax, RtInt nv,

@@ -52,6 +52,26 @@ class NamedCall {
   NamedCall& operator=(const NamedCall&) = delete;
 };
 
+// Whether a call is one of those of which a motion block passes only the first.
+constexpr bool kGated = true;
+constexpr bool kUngated = false;
+
+// The whole body of a call's plain form: the motion gate where the call is
+// motion-sensitive (a stopped call returns `fail`), the call's name for the
+// error model, and the parameter list after `last`, collected up to its null
+// token and handed to `worker` behind the fixed arguments. A macro because
+// va_start works only in the variadic function itself.
+#define RI_PLAIN_FORM(gated, fail, name, last, worker, ...)       \
+  do {                                                            \
+    if (gated && !motionGate()) return fail;                      \
+    NamedCall named(name);                                        \
+    va_list arguments;                                            \
+    va_start(arguments, last);                                    \
+    CollectedList list(arguments);                                \
+    va_end(arguments);                                            \
+    return worker(__VA_ARGS__, list.n, list.tokens, list.values); \
+  } while (0)
+
 // The parameter list of a variable-argument call, collected on construction
 // and freed on destruction.
 class CollectedList {

@@ -108,12 +108,7 @@ RtVoid RiCropWindow(RtFloat xmin, RtFloat xmax, RtFloat ymin, RtFloat ymax) {
 }
 
 RtVoid RiProjection(RtToken name, ...) {
-  NamedCall named("RiProjection");
-  va_list arguments;
-  va_start(arguments, name);
-  CollectedList list(arguments);
-  va_end(arguments);
-  projection(name, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kUngated, RtVoid(), "RiProjection", name, projection, name);
 }
 
 RtVoid RiProjectionV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {
@@ -153,12 +148,7 @@ RtVoid RiColorSamples(RtInt n, RtFloat nRGB[], RtFloat RGBn[]) {
 RtVoid RiRelativeDetail(RtFloat) {}
 
 RtVoid RiOption(RtToken name, ...) {
-  NamedCall named("RiOption");
-  va_list arguments;
-  va_start(arguments, name);
-  CollectedList list(arguments);
-  va_end(arguments);
-  option(name, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kUngated, RtVoid(), "RiOption", name, option, name);
 }
 
 RtVoid RiOptionV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {

@@ -120,12 +120,7 @@ RtVoid RiQuantize(RtToken type, RtInt one, RtInt min, RtInt max, RtFloat dithera
 }
 
 RtVoid RiDisplay(char* name, RtToken type, RtToken mode, ...) {
-  NamedCall named("RiDisplay");
-  va_list arguments;
-  va_start(arguments, mode);
-  CollectedList list(arguments);
-  va_end(arguments);
-  display(name, type, mode, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kUngated, RtVoid(), "RiDisplay", mode, display, name, type, mode);
 }
 
 RtVoid RiDisplayV(char* name, RtToken type, RtToken mode, RtInt n, RtToken tokens[],
@@ -135,12 +130,7 @@ RtVoid RiDisplayV(char* name, RtToken type, RtToken mode, RtInt n, RtToken token
 }
 
 RtVoid RiHider(RtToken type, ...) {
-  NamedCall named("RiHider");
-  va_list arguments;
-  va_start(arguments, type);
-  CollectedList list(arguments);
-  va_end(arguments);
-  hider(type, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kUngated, RtVoid(), "RiHider", type, hider, type);
 }
 
 RtVoid RiHiderV(RtToken type, RtInt n, RtToken tokens[], RtPointer values[]) {

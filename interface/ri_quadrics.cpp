@@ -79,13 +79,7 @@ void torus(RtFloat majorradius, RtFloat minorradius, RtFloat phimin, RtFloat phi
 }  // namespace
 
 RtVoid RiSphere(RtFloat radius, RtFloat zmin, RtFloat zmax, RtFloat thetamax, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiSphere");
-  va_list arguments;
-  va_start(arguments, thetamax);
-  CollectedList list(arguments);
-  va_end(arguments);
-  sphere(radius, zmin, zmax, thetamax, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiSphere", thetamax, sphere, radius, zmin, zmax, thetamax);
 }
 
 RtVoid RiSphereV(RtFloat radius, RtFloat zmin, RtFloat zmax, RtFloat thetamax, RtInt n,
@@ -96,13 +90,7 @@ RtVoid RiSphereV(RtFloat radius, RtFloat zmin, RtFloat zmax, RtFloat thetamax, R
 }
 
 RtVoid RiCone(RtFloat height, RtFloat radius, RtFloat thetamax, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiCone");
-  va_list arguments;
-  va_start(arguments, thetamax);
-  CollectedList list(arguments);
-  va_end(arguments);
-  cone(height, radius, thetamax, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiCone", thetamax, cone, height, radius, thetamax);
 }
 
 RtVoid RiConeV(RtFloat height, RtFloat radius, RtFloat thetamax, RtInt n, RtToken tokens[],
@@ -113,13 +101,7 @@ RtVoid RiConeV(RtFloat height, RtFloat radius, RtFloat thetamax, RtInt n, RtToke
 }
 
 RtVoid RiCylinder(RtFloat radius, RtFloat zmin, RtFloat zmax, RtFloat thetamax, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiCylinder");
-  va_list arguments;
-  va_start(arguments, thetamax);
-  CollectedList list(arguments);
-  va_end(arguments);
-  cylinder(radius, zmin, zmax, thetamax, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiCylinder", thetamax, cylinder, radius, zmin, zmax, thetamax);
 }
 
 RtVoid RiCylinderV(RtFloat radius, RtFloat zmin, RtFloat zmax, RtFloat thetamax, RtInt n,
@@ -130,13 +112,7 @@ RtVoid RiCylinderV(RtFloat radius, RtFloat zmin, RtFloat zmax, RtFloat thetamax,
 }
 
 RtVoid RiHyperboloid(RtPoint point1, RtPoint point2, RtFloat thetamax, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiHyperboloid");
-  va_list arguments;
-  va_start(arguments, thetamax);
-  CollectedList list(arguments);
-  va_end(arguments);
-  hyperboloid(point1, point2, thetamax, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiHyperboloid", thetamax, hyperboloid, point1, point2, thetamax);
 }
 
 RtVoid RiHyperboloidV(RtPoint point1, RtPoint point2, RtFloat thetamax, RtInt n, RtToken tokens[],
@@ -147,13 +123,7 @@ RtVoid RiHyperboloidV(RtPoint point1, RtPoint point2, RtFloat thetamax, RtInt n,
 }
 
 RtVoid RiParaboloid(RtFloat rmax, RtFloat zmin, RtFloat zmax, RtFloat thetamax, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiParaboloid");
-  va_list arguments;
-  va_start(arguments, thetamax);
-  CollectedList list(arguments);
-  va_end(arguments);
-  paraboloid(rmax, zmin, zmax, thetamax, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiParaboloid", thetamax, paraboloid, rmax, zmin, zmax, thetamax);
 }
 
 RtVoid RiParaboloidV(RtFloat rmax, RtFloat zmin, RtFloat zmax, RtFloat thetamax, RtInt n,
@@ -164,13 +134,7 @@ RtVoid RiParaboloidV(RtFloat rmax, RtFloat zmin, RtFloat zmax, RtFloat thetamax,
 }
 
 RtVoid RiDisk(RtFloat height, RtFloat radius, RtFloat thetamax, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiDisk");
-  va_list arguments;
-  va_start(arguments, thetamax);
-  CollectedList list(arguments);
-  va_end(arguments);
-  disk(height, radius, thetamax, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiDisk", thetamax, disk, height, radius, thetamax);
 }
 
 RtVoid RiDiskV(RtFloat height, RtFloat radius, RtFloat thetamax, RtInt n, RtToken tokens[],
@@ -182,13 +146,8 @@ RtVoid RiDiskV(RtFloat height, RtFloat radius, RtFloat thetamax, RtInt n, RtToke
 
 RtVoid RiTorus(RtFloat majorradius, RtFloat minorradius, RtFloat phimin, RtFloat phimax,
                RtFloat thetamax, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiTorus");
-  va_list arguments;
-  va_start(arguments, thetamax);
-  CollectedList list(arguments);
-  va_end(arguments);
-  torus(majorradius, minorradius, phimin, phimax, thetamax, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiTorus", thetamax, torus, majorradius, minorradius, phimin,
+                phimax, thetamax);
 }
 
 RtVoid RiTorusV(RtFloat majorradius, RtFloat minorradius, RtFloat phimin, RtFloat phimax,

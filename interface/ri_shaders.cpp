@@ -49,13 +49,7 @@ void atmosphere(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {
 }  // namespace
 
 RtLightHandle RiLightSource(RtToken name, ...) {
-  if (!motionGate()) return nullptr;
-  NamedCall named("RiLightSource");
-  va_list arguments;
-  va_start(arguments, name);
-  CollectedList list(arguments);
-  va_end(arguments);
-  return lightsource(name, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, nullptr, "RiLightSource", name, lightsource, name);
 }
 
 RtLightHandle RiLightSourceV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {
@@ -80,13 +74,7 @@ RtVoid RiIlluminate(RtLightHandle light, RtBoolean onoff) {
 }
 
 RtVoid RiSurface(RtToken name, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiSurface");
-  va_list arguments;
-  va_start(arguments, name);
-  CollectedList list(arguments);
-  va_end(arguments);
-  surface(name, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiSurface", name, surface, name);
 }
 
 RtVoid RiSurfaceV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {
@@ -96,13 +84,7 @@ RtVoid RiSurfaceV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {
 }
 
 RtVoid RiAtmosphere(RtToken name, ...) {
-  if (!motionGate()) return;
-  NamedCall named("RiAtmosphere");
-  va_list arguments;
-  va_start(arguments, name);
-  CollectedList list(arguments);
-  va_end(arguments);
-  atmosphere(name, list.n, list.tokens, list.values);
+  RI_PLAIN_FORM(kGated, RtVoid(), "RiAtmosphere", name, atmosphere, name);
 }
 
 RtVoid RiAtmosphereV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {
