@@ -12,9 +12,6 @@
 
 namespace {
 
-// The first argument of _zelOutputFile that names the scene file itself.
-constexpr uint16_t kSceneFile = 0x0200;
-
 std::string quoted(const std::string& path) {
   return "\"" + path + "\"";
 }
@@ -77,7 +74,7 @@ bool conversion::openOutput() {
     return false;
   }
   std::fclose(probe);
-  _zelOutputFile(kSceneFile, path.c_str());
+  _zelOutputFile(kZelSceneFile, path.c_str());
   if (zelWriteFailed()) {
     error_ = zelWriteError();
     errorShown_ = true;

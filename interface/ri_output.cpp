@@ -14,7 +14,6 @@ constexpr uint16_t kRgba = 0x0303;
 constexpr uint16_t kDepth = 0x0304;
 constexpr uint16_t kFramebuffer = 0xFF01;
 constexpr uint16_t kFile = 0xFF02;
-constexpr uint16_t kSceneDisplay = 0x0201;
 constexpr uint16_t kFirstMode = 0x0301;
 constexpr uint16_t kLastMode = 0x0307;
 constexpr uint16_t kOrigin = 0xFF15;
@@ -45,7 +44,7 @@ void display(char* name, RtToken type, RtToken mode, RtInt n, RtToken tokens[],
   if (kind->code == kFramebuffer) {
     _zelOutputDisplay(name);
   } else if (kind->code == kFile) {
-    _zelOutputFile(kSceneDisplay, name);
+    _zelOutputFile(kZelDisplayFile, name);
   } else {
     error(RIE_RANGE, RIE_ERROR, "unknown display type \"%s\"", kind->name.c_str());
     return;

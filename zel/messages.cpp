@@ -20,13 +20,13 @@ LineSink gSink = writeToStderr;
 Mode gMode = Mode::Print;
 RtErrorHandler gCustom = nullptr;
 
-const char* severityLabel(int32_t severity) {
+const char* severityLabel(Severity severity) {
   switch (severity) {
-    case 0:
+    case kInfo:
       return "info";
-    case 1:
+    case kWarning:
       return "warning";
-    case 3:
+    case kSevereError:
       return "severe error";
     default:
       return "error";
@@ -52,7 +52,7 @@ Mode mode() {
   return gMode;
 }
 
-void report(int32_t code, int32_t severity, const std::string& text) {
+void report(int32_t code, Severity severity, const std::string& text) {
   if (gMode == Mode::Ignore) return;
   std::string line = std::string("ZEL ") + severityLabel(severity) + ": " + text;
   if (gMode == Mode::Custom && gCustom != nullptr) {
@@ -60,7 +60,7 @@ void report(int32_t code, int32_t severity, const std::string& text) {
     return;
   }
   notify(line);
-  if (gMode == Mode::Abort && severity > 0) {
+  if (gMode == Mode::Abort && severity > kInfo) {
     library().output.flush();
     std::abort();
   }

@@ -23,6 +23,9 @@ enum FaultCode : int32_t {
   kBadHandle = 44  // a light or object handle that was never given
 };
 
+// How grave a report is, as the Interface numbers its severities.
+enum Severity : int32_t { kInfo = 0, kWarning = 1, kError = 2, kSevereError = 3 };
+
 enum class Mode { Ignore, Print, Abort, Custom };
 
 void setSink(LineSink sink);  // null: the default, which writes to stderr
@@ -34,7 +37,7 @@ Mode mode();
 // A fault in the scene: "ZEL <severity label>: <text>" as the mode says. In
 // abort mode the output is flushed before the program ends, so the file keeps
 // every operation recorded so far.
-void report(int32_t code, int32_t severity, const std::string& text);
+void report(int32_t code, Severity severity, const std::string& text);
 
 // Back to the start: default sink, print mode.
 void resetMessages();

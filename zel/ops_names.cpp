@@ -17,7 +17,7 @@ int32_t _zelQuark(const char* name) {
   std::string_view text = name ? name : "null";
   Quarks::Result result = library().quarks.code(text);
   if (result.code == 0) {
-    report(kLimit, 2,
+    report(kLimit, kError,
            "no code left for the name \"" + std::string(text) + "\": all " +
                std::to_string(Quarks::kCapacity) + " codes are in use");
   } else if (result.fresh) {
@@ -39,7 +39,7 @@ void _zelErrorHandler(uint16_t which, uint16_t mode) {
       setMode(Mode::Abort);
       break;
     default:
-      report(kRange, 2,
+      report(kRange, kError,
              "ErrorHandler with unknown mode " + std::to_string(mode) + "; the mode stays");
   }
 }

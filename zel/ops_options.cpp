@@ -91,7 +91,7 @@ void _zelColorSpace(int32_t n, const float* nRGB, const float* RGBn) {
 }
 
 void _zelOutputFile(uint16_t kind, const char* name) {
-  if (kind != 0x0200) {
+  if (kind != kZelSceneFile) {
     Record("OutputFile").i(kind).text(name).end();
     return;
   }

@@ -114,13 +114,14 @@ void Record::end() {
     lib.params.clear();  // used up, as writing it would
   }
   if (match_ == PendingParams::Match::Missing)
-    report(kBug, 2, std::string(op_) + ": no parameter info came before its parameter list");
+    report(kBug, kError, std::string(op_) + ": no parameter info came before its parameter list");
   else if (match_ == PendingParams::Match::Mismatch)
-    report(kBug, 2, std::string(op_) + ": the parameter info does not match its parameter list");
+    report(kBug, kError,
+           std::string(op_) + ": the parameter info does not match its parameter list");
 }
 
 void reportFault(int32_t code, const std::string& fault) {
-  if (!fault.empty()) report(code, 2, fault);
+  if (!fault.empty()) report(code, kError, fault);
 }
 
 }  // namespace zel

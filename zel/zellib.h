@@ -1,7 +1,7 @@
 // The scene library's side interface, for front ends and tests; the Ri layer
 // uses only interface/scene/zel.h.
 //
-// A conversion: choose where the scene goes (_zelOutputFile(0x0200, path) in
+// A conversion: choose where the scene goes (_zelOutputFile(kZelSceneFile, path) in
 // zel.h, or zelOutputToStream, zelDiscardOutput or zelSkipOutput), run it, then call
 // zelFlush (cancelled) or zelClose (finished) and ask zelWriteFailed.
 // Between two operations the library holds only whole lines, so after either

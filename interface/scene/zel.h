@@ -89,7 +89,10 @@ void _zelDepthJitter(float amplitude);
 void _zelColorSpace(int32_t n, const float* nRGB, const float* RGBn);
 
 // Output
-void _zelOutputFile(uint16_t kind, const char* name);  // 0x0200 the scene file, 0x0201 a Display
+// What the file that _zelOutputFile names is.
+constexpr uint16_t kZelSceneFile = 0x0200;    // the scene file itself
+constexpr uint16_t kZelDisplayFile = 0x0201;  // a file that a Display request names
+void _zelOutputFile(uint16_t kind, const char* name);
 void _zelOutputDisplay(const char* name);
 void _zelOutputSamples(uint16_t mode);  // 0x0301 .. 0x0307
 void _zelTune(int32_t gridsize, int32_t bucketwidth, int32_t bucketheight);

@@ -32,7 +32,7 @@ void RiSceneTest::SetUp() {
   zelSetMessageSink(collect);
   setErrorHandler(RiErrorPrint);
   path_ = scenePath();
-  _zelOutputFile(0x0200, path_.c_str());
+  _zelOutputFile(kZelSceneFile, path_.c_str());
   ASSERT_FALSE(zelWriteFailed()) << zelWriteError();
 }
 

@@ -156,7 +156,7 @@ TEST_F(ZelTest, AbortModeEndsTheProgramWithTheRecordOnDisk) {
   EXPECT_DEATH(
       {
         zelSetMessageSink(nullptr);
-        _zelOutputFile(0x0200, path.c_str());
+        _zelOutputFile(kZelSceneFile, path.c_str());
         _zelErrorHandler(0x0B0F, 0x0C02);
         _zelSceneBegin();
         _zelSceneEnd();
@@ -172,7 +172,7 @@ TEST_F(ZelTest, AbortModeEndsTheProgramWithTheRecordOnDisk) {
 TEST_F(ZelTest, NewFileStartsWithNothingOpenAndNoHandles) {
   _zelFrameBegin();
   _zelObjectBegin();
-  _zelOutputFile(0x0200, path_.c_str());
+  _zelOutputFile(kZelSceneFile, path_.c_str());
   _zelFrameBegin();
   _zelObjectCall(handle(1));
   EXPECT_EQ(gReportLines, std::vector<std::string>{"ZEL error: ObjectCall of unknown object 1"});

@@ -48,7 +48,7 @@ TEST_F(ZelTest, FlushMidWayLeavesEveryOperationSoFarOnDisk) {
 
 TEST_F(ZelTest, WriteFailureIsToldOnceAndStays) {
   if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
-  _zelOutputFile(0x0200, "/dev/full");
+  _zelOutputFile(kZelSceneFile, "/dev/full");
   EXPECT_FALSE(zelWriteFailed()) << "opening succeeds; the space runs out on writing";
   someOperations(2000);
   const std::string expected =
@@ -64,7 +64,7 @@ TEST_F(ZelTest, WriteFailureIsToldOnceAndStays) {
 
 TEST_F(ZelTest, SmallWriteFailureShowsAtFlush) {
   if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
-  _zelOutputFile(0x0200, "/dev/full");
+  _zelOutputFile(kZelSceneFile, "/dev/full");
   _zelFrameBegin();
   EXPECT_FALSE(zelFlush());
   EXPECT_EQ(gReportLines.size(), 1u);
@@ -78,12 +78,12 @@ TEST_F(ZelTest, UncreatableFileIsToldAndTheNextOutputClearsIt) {
       {nullptr, "ZEL severe error: no name given for the scene file"}};
   for (const auto& [name, expected] : cases) {
     gReportLines.clear();
-    _zelOutputFile(0x0200, name);
+    _zelOutputFile(kZelSceneFile, name);
     EXPECT_EQ(gReportLines, std::vector<std::string>{expected});
     EXPECT_TRUE(zelWriteFailed());
     EXPECT_EQ(zelWriteError(), expected);
     _zelFrameBegin();
-    _zelOutputFile(0x0200, path_.c_str());
+    _zelOutputFile(kZelSceneFile, path_.c_str());
     EXPECT_FALSE(zelWriteFailed());
     EXPECT_STREQ(zelWriteError(), "");
   }
@@ -109,7 +109,7 @@ TEST_F(ZelTest, StreamGetsTheWholeFileAndStaysOpen) {
 TEST_F(ZelTest, DiscardAndSkipKeepTheChecks) {
   for (void (*stop)() : {zelDiscardOutput, zelSkipOutput}) {
     gReportLines.clear();
-    _zelOutputFile(0x0200, path_.c_str());
+    _zelOutputFile(kZelSceneFile, path_.c_str());
     _zelFrameBegin();
     stop();
     someOperations(3000);
@@ -135,7 +135,7 @@ TEST_F(ZelTest, OutputAfterSkippingStartsWithHeaderAndQuarks) {
   zelSkipOutput();
   const uint16_t name = static_cast<uint16_t>(_zelQuark("skipped"));
   _zelSurfaceV(name, 0, nullptr, nullptr);
-  _zelOutputFile(0x0200, path_.c_str());
+  _zelOutputFile(kZelSceneFile, path_.c_str());
   _zelSurfaceV(name, 0, nullptr, nullptr);
   ASSERT_TRUE(zelClose());
   std::vector<ZelRecord> read = records();

@@ -35,7 +35,7 @@ TEST_F(ZelTest, NextFileIsToldTheNameBeforeItsFirstUse) {
   uint16_t shader = static_cast<uint16_t>(_zelQuark("wood"));
   uint16_t param = static_cast<uint16_t>(_zelQuark("grain"));
   std::string second = scratchPath("second");
-  _zelOutputFile(0x0200, second.c_str());
+  _zelOutputFile(kZelSceneFile, second.c_str());
   _zelSurfaceV(shader, 0, nullptr, nullptr);
   auto grain = std::vector<float>{0.5f};
   ZelParam info = {"grain", param, 1, 1, 1};
@@ -57,7 +57,7 @@ TEST_F(ZelTest, NamesGivenBeforeAnyFileAreToldToTheFile) {
   zelReset();
   zelSetMessageSink(captureLine);
   uint16_t code = static_cast<uint16_t>(_zelQuark("early"));
-  _zelOutputFile(0x0200, path_.c_str());
+  _zelOutputFile(kZelSceneFile, path_.c_str());
   _zelPatchV(code, 0, nullptr, nullptr);
   std::vector<ZelRecord> read = records();
   ASSERT_EQ(read.size(), 2u);

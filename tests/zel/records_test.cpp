@@ -65,7 +65,7 @@ const Case kCases[] = {
      R"({"op":"ColorSpace","args":[2,[1,0,0,0,1,0],[0.5,0,0,0.5,0,0]]})"},
     {"ColorSpaceEmpty", [] { _zelColorSpace(0, gNRGB, gRGBN); },
      R"({"op":"ColorSpace","args":[0,[],[]]})"},
-    {"OutputFileOfDisplay", [] { _zelOutputFile(0x0201, "pic.tif"); },
+    {"OutputFileOfDisplay", [] { _zelOutputFile(kZelDisplayFile, "pic.tif"); },
      R"({"op":"OutputFile","args":[513,"pic.tif"]})"},
     {"OutputDisplay", [] { _zelOutputDisplay("window"); },
      R"({"op":"OutputDisplay","args":["window"]})"},

@@ -43,7 +43,7 @@ class ZelTest : public ::testing::Test {
     gReportLines.clear();
     zelSetMessageSink(captureLine);
     path_ = scratchPath("out");
-    _zelOutputFile(0x0200, path_.c_str());
+    _zelOutputFile(kZelSceneFile, path_.c_str());
   }
 
   void TearDown() override {
