@@ -65,7 +65,7 @@ mkdir -p "$work/frames"
 for i in $(seq "$files"); do
   frame=$work/frames/frame.$(printf '%04d' "$i").rib
   if [ ! -s "$frame" ]; then
-    python3 "$generator" "$frame" --size-mb "$size" --seed "$i" >/dev/null
+    python3 "$generator" "$frame" --size-mb "$size" --seed "$i" >/dev/null 2>&1
   fi
 done
 bytes=$(cat "$work"/frames/*.rib | wc -c)  # also brings the files into the page cache
