@@ -17,14 +17,16 @@
 #include "frontend/cli/batchplan.h"
 #include "frontend/cli/batchprocess.h"
 #include "frontend/cli/batchsummary.h"
+#include "frontend/cli/exitstatus.h"
 #include "frontend/cli/progressline.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int32_t kExitFailed = 2;
 constexpr int kPollMilliseconds = 250;  // how often the progress line may move
+// This very program, even when its file has been replaced or removed since it started.
+constexpr const char* kSelf = "/proc/self/exe";
 
 // The first stop signal decides the exit status; every one that comes is
 // passed on to the running conversions, so a second Ctrl-C ends them at once
@@ -77,17 +79,10 @@ int32_t defaultJobs() {
   return n > 0 ? static_cast<int32_t>(n) : 1;
 }
 
-std::string ownPath() {
-  std::error_code ec;
-  fs::path self = fs::read_symlink("/proc/self/exe", ec);
-  return ec ? "" : self.string();
-}
-
 class batchrun {
  public:
-  batchrun(const options& o, std::string program, const std::vector<batchjob>& jobs, int wakeFd)
+  batchrun(const options& o, const std::vector<batchjob>& jobs, int wakeFd)
       : options_(o),
-        program_(std::move(program)),
         jobs_(jobs),
         outcomes_(jobs.size(), batchoutcome::notstarted),
         wakeFd_(wakeFd),
@@ -137,7 +132,7 @@ class batchrun {
     args.insert(args.end(), {"--", j.input, j.output});
     auto process = std::make_unique<batchprocess>();
     std::string problem;
-    if (!process->start(program_, args, problem)) {
+    if (!process->start(kSelf, args, problem)) {
       printLine(j.input, "rib2zel: Unable to start a conversion: " + problem);
       return ended(job, batchoutcome::failed);
     }
@@ -187,7 +182,6 @@ class batchrun {
   }
 
   const options& options_;
-  std::string program_;
   const std::vector<batchjob>& jobs_;
   std::vector<batchoutcome> outcomes_;
   int wakeFd_;
@@ -220,12 +214,7 @@ int32_t runbatch(const options& o) {
     printProblem("no RIB file to convert");
     return kExitFailed;
   }
-  std::string program = ownPath();
-  if (program.empty()) {
-    printProblem("cannot find the path of this program to start the conversions");
-    return kExitFailed;
-  }
-  batchrun run(o, program, plan.jobs, wakeFd);
+  batchrun run(o, plan.jobs, wakeFd);
   run.run();
   batchsummary summary;
   for (const batchproblem& p : problems) {

@@ -9,6 +9,8 @@
 #include <csignal>
 #include <cstring>
 
+#include "frontend/cli/exitstatus.h"
+
 extern char** environ;
 
 namespace {
@@ -107,5 +109,5 @@ int batchprocess::wait() {
   }
   pid_ = -1;
   // A process that cannot be waited for gave no outcome: it counts as failed.
-  return got < 0 ? 2 << 8 : status;
+  return got < 0 ? W_EXITCODE(kExitFailed, 0) : status;
 }

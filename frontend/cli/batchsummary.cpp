@@ -4,6 +4,8 @@
 
 #include <csignal>
 
+#include "frontend/cli/exitstatus.h"
+
 namespace {
 
 bool isStopSignal(int signal) {
@@ -20,10 +22,12 @@ batchoutcome outcomeofwait(int waitStatus) {
   if (WIFSIGNALED(waitStatus)) {
     return isStopSignal(WTERMSIG(waitStatus)) ? batchoutcome::interrupted : batchoutcome::failed;
   }
-  int status = WIFEXITED(waitStatus) ? WEXITSTATUS(waitStatus) : 2;
-  if (status == 0) return batchoutcome::success;
-  if (status == 1) return batchoutcome::messages;
-  if (status > 128 && isStopSignal(status - 128)) return batchoutcome::interrupted;
+  int status = WIFEXITED(waitStatus) ? WEXITSTATUS(waitStatus) : kExitFailed;
+  if (status == kExitSuccess) return batchoutcome::success;
+  if (status == kExitMessages) return batchoutcome::messages;
+  if (status > kExitSignalBase && isStopSignal(status - kExitSignalBase)) {
+    return batchoutcome::interrupted;
+  }
   return batchoutcome::failed;
 }
 
@@ -62,7 +66,7 @@ std::vector<std::string> batchsummary::lines() const {
 }
 
 int32_t batchsummary::exitstatus(int stopSignal) const {
-  if (stopSignal != 0) return 128 + stopSignal;
-  if (count(batchoutcome::failed) > 0 || count(batchoutcome::interrupted) > 0) return 2;
-  return count(batchoutcome::messages) > 0 ? 1 : 0;
+  if (stopSignal != 0) return kExitSignalBase + stopSignal;
+  if (count(batchoutcome::failed) > 0 || count(batchoutcome::interrupted) > 0) return kExitFailed;
+  return count(batchoutcome::messages) > 0 ? kExitMessages : kExitSuccess;
 }
