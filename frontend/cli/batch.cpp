@@ -104,13 +104,13 @@ class batchrun {
 
   const std::vector<batchoutcome>& outcomes() const { return outcomes_; }
 
+ private:
   // One line of a file's messages, in a single write so lines never mix.
   void printLine(const std::string& path, const std::string& line) {
     progress_.erase();
     writeAll(path + ": " + line + "\n");
   }
 
- private:
   struct child {
     size_t job;
     std::unique_ptr<batchprocess> process;
@@ -155,16 +155,19 @@ class batchrun {
     }
     // Backwards, so that a child that ends can be taken out in place.
     for (size_t i = running_.size(); i-- > 0;) {
-      if (fds[i + 1].revents == 0) continue;
-      child& c = running_[i];
-      const std::string& path = jobs_[c.job].input;
-      bool open = c.process->read([&](const std::string& line) { printLine(path, line); });
-      if (open) continue;
-      int status = c.process->wait();
-      report(path, status);
-      ended(c.job, outcomeofwait(status));
-      running_.erase(running_.begin() + static_cast<std::ptrdiff_t>(i));
+      if (fds[i + 1].revents != 0) serve(i);
     }
+  }
+
+  // Passes on what the child wrote; at its end, takes its outcome.
+  void serve(size_t i) {
+    child& c = running_[i];
+    const std::string& path = jobs_[c.job].input;
+    if (c.process->read([&](const std::string& line) { printLine(path, line); })) return;
+    int status = c.process->wait();
+    report(path, status);
+    ended(c.job, outcomeofwait(status));
+    running_.erase(running_.begin() + static_cast<std::ptrdiff_t>(i));
   }
 
   // A conversion that ended by a signal other than a stop had no chance to tell.
