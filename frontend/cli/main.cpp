@@ -4,10 +4,12 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <new>
 #include <string>
 
+#include "frontend/cli/batch.h"
 #include "frontend/cli/options.h"
 #include "frontend/cli/progressline.h"
 #include "frontend/conversion.h"
@@ -21,6 +23,7 @@ constexpr int kExitInterrupted = 130;  // 128 + SIGINT, what a shell reports for
 
 volatile std::sig_atomic_t gInterrupted = 0;
 progressline* gProgress = nullptr;
+int32_t gOtherMessages = 0;  // lines of the Ri layer and the scene library, for --strict
 
 void onInterrupt(int) {
   gInterrupted = 1;
@@ -48,6 +51,11 @@ void printLine(const char* line) {
   writeError(std::string(line) + "\n");
 }
 
+void printMessage(const char* line) {
+  ++gOtherMessages;
+  printLine(line);
+}
+
 int usageError(const std::string& problem) {
   writeError("rib2zel: " + problem + "\nTry 'rib2zel --help' for more information.\n");
   return kExitFailed;
@@ -64,7 +72,8 @@ int finish(conversion& c, const options& o) {
       return kExitFailed;
     default:
       if (!o.quiet) printLine(c.statusText());
-      return c.logLines() == 0 ? kExitSuccess : kExitMessages;
+      bool clean = c.logLines() == 0 && !(o.strict && gOtherMessages > 0);
+      return clean ? kExitSuccess : kExitMessages;
   }
 }
 
@@ -74,7 +83,7 @@ int convert(const options& o, progressline& progress) {
   r.output = o.output;
   r.parseOnly = o.parseOnly;
   r.log = printLine;
-  r.messages = printLine;
+  r.messages = printMessage;
   r.stop = [] { return gInterrupted != 0; };
   conversion c(std::move(r));
   if (!c.open()) return finish(c, o);
@@ -103,6 +112,7 @@ int main(int argc, char** argv) {
     return kExitSuccess;
   }
   if (!problem.empty()) return usageError(problem);
+  if (o.batch()) return runbatch(o);
   catchInterrupt();
   progressline progress(isatty(STDERR_FILENO) == 1, writeError, progressline::clock::now());
   gProgress = &progress;

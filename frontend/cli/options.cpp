@@ -6,6 +6,53 @@
 
 namespace {
 
+constexpr int32_t kMaxJobs = 1024;
+
+// The arguments not yet read.
+struct cursor {
+  int argc;
+  const char* const* argv;
+  int i;
+  bool more() const { return i + 1 < argc; }
+  std::string next() { return argv[++i]; }
+};
+
+// Reads an option with a value: "--name VALUE", "--name=VALUE", and with a
+// short name "-n VALUE" and "-nVALUE". False when arg is not that option.
+bool takeValue(const std::string& arg, const std::string& name, const std::string& shortName,
+               cursor& c, std::string& value, std::string& problem) {
+  if (arg == name || (!shortName.empty() && arg == shortName)) {
+    if (!c.more()) {
+      if (problem.empty()) problem = "option '" + arg + "' needs a value";
+      return true;
+    }
+    value = c.next();
+  } else if (arg.rfind(name + "=", 0) == 0) {
+    value = arg.substr(name.size() + 1);
+  } else if (!shortName.empty() && arg.size() > shortName.size() && arg.rfind(shortName, 0) == 0) {
+    value = arg.substr(shortName.size());
+  } else {
+    return false;
+  }
+  return true;
+}
+
+std::string readJobs(const std::string& text, int32_t& jobs) {
+  int32_t n = 0;
+  for (char ch : text) {
+    if (ch < '0' || ch > '9' || n > kMaxJobs) {
+      n = 0;
+      break;
+    }
+    n = n * 10 + (ch - '0');
+  }
+  if (n < 1 || n > kMaxJobs) {
+    return "invalid number of jobs '" + text + "' (1 to " + std::to_string(kMaxJobs) + ")";
+  }
+  jobs = n;
+  return "";
+}
+
 // Returns false when arg is no option that rib2zel knows.
 bool takeOption(const std::string& arg, options& o) {
   if (arg == "-q" || arg == "--quiet") {
@@ -16,10 +63,24 @@ bool takeOption(const std::string& arg, options& o) {
     o.version = true;
   } else if (arg == "--parse-only") {
     o.parseOnly = true;
+  } else if (arg == "--strict") {
+    o.strict = true;
   } else {
     return false;
   }
   return true;
+}
+
+std::string placeBatch(const std::vector<std::string>& files, options& o) {
+  if (o.outputDir.empty()) return "--output-dir is empty";
+  if (o.parseOnly) return "--parse-only writes no scene files: it takes no --output-dir";
+  if (files.empty()) return "missing INPUT";
+  for (const std::string& f : files) {
+    if (f.empty()) return "INPUT is empty";
+    if (f == "-") return "standard input cannot be part of a batch (--output-dir)";
+  }
+  o.inputs = files;
+  return "";
 }
 
 std::string placeFiles(const std::vector<std::string>& files, options& o) {
@@ -45,43 +106,71 @@ std::string placeFiles(const std::vector<std::string>& files, options& o) {
 std::string parseoptions(int argc, const char* const* argv, options& o) {
   std::vector<std::string> files;
   std::string problem;
+  std::string jobs;
   bool optionsEnded = false;
-  for (int i = 1; i < argc; ++i) {
-    std::string arg = argv[i];
+  bool batch = false;
+  for (cursor c{argc, argv, 1}; c.i < argc; ++c.i) {
+    std::string arg = argv[c.i];
     if (optionsEnded || arg == "-" || arg.empty() || arg[0] != '-') {
       files.push_back(arg);
     } else if (arg == "--") {
       optionsEnded = true;
-    } else if (!takeOption(arg, o) && problem.empty()) {
+    } else if (takeValue(arg, "--output-dir", "", c, o.outputDir, problem)) {
+      batch = true;
+    } else if (takeValue(arg, "--jobs", "-j", c, jobs, problem)) {
+      if (problem.empty()) problem = readJobs(jobs, o.jobs);
+    } else if (takeOption(arg, o)) {
+      o.fileOptions.push_back(arg);
+    } else if (problem.empty()) {
       problem = "unknown option '" + arg + "'";
     }
   }
   if (o.help || o.version) return "";
   if (!problem.empty()) return problem;
+  if (batch) return placeBatch(files, o);
+  if (o.jobs != 0) return "--jobs converts a batch: it needs --output-dir";
   if (!files.empty() && files[0].empty()) return "INPUT is empty";
   return placeFiles(files, o);
 }
 
 const char* helptext() {
   return "Usage: rib2zel [OPTIONS] INPUT [OUTPUT]\n"
+         "   or: rib2zel [OPTIONS] --output-dir DIR INPUT...\n"
          "Convert the RIB file INPUT (ASCII, binary or mixed, plain or gzip-compressed)\n"
          "into the scene file OUTPUT. OUTPUT defaults to INPUT with its extension\n"
          "replaced by .zel. '-' as INPUT reads standard input; '-' as OUTPUT writes the\n"
          "scene to standard output (the default when INPUT is '-').\n"
          "\n"
+         "With --output-dir, each INPUT is a RIB file or a folder standing for every\n"
+         "*.rib, *.RIB and *.rib.gz file below it. Each file's scene goes to DIR, with\n"
+         "its path below the folder kept (shots/a/f.rib given as shots becomes\n"
+         "DIR/a/f.zel); a file given by itself goes to DIR/NAME.zel. Two files that\n"
+         "would write the same scene file stop the batch before anything runs.\n"
+         "\n"
          "Options:\n"
-         "  -q, --quiet       do not print the final status line\n"
-         "      --parse-only  read and check everything, but write no scene file\n"
-         "                    (takes no OUTPUT)\n"
-         "  -h, --help        show this help and exit\n"
-         "      --version     show the version and exit\n"
+         "  -q, --quiet           do not print the final status line (or summary)\n"
+         "      --parse-only      read and check everything, but write no scene file\n"
+         "                        (takes no OUTPUT)\n"
+         "      --strict          any message, also of the RenderMan Interface layer or\n"
+         "                        the scene library, makes the exit status 1\n"
+         "      --output-dir DIR  convert a batch of files and folders into DIR\n"
+         "  -j, --jobs N          convert N files of a batch at once, each in a process\n"
+         "                        of its own (default: the number of cores)\n"
+         "  -h, --help            show this help and exit\n"
+         "      --version         show the version and exit\n"
          "\n"
          "Messages go to standard error, one per line, in the order they arise. The last\n"
          "line is \"Success.\" or \"There are warning/error messages.\"; messages of the\n"
          "RenderMan Interface layer alone do not change it. Ctrl-C stops the conversion\n"
          "between two requests; the scene file keeps what was written.\n"
          "\n"
+         "In a batch, each message line starts with the path of its RIB file, and a\n"
+         "summary ends the run: how many files gave \"Success.\", messages, failed or\n"
+         "were interrupted, and the paths of all but the successful ones. Ctrl-C stops\n"
+         "every running conversion between two requests and starts no new one.\n"
+         "\n"
          "Exit status: 0 success; 1 the RIB gave warning/error messages; 2 no complete\n"
          "conversion (usage error, input or output cannot be opened, read or write\n"
-         "error); 130 interrupted.\n";
+         "error); 130 interrupted. A batch exits with 2 when any file failed, else 1\n"
+         "when any had messages, else 0.\n";
 }

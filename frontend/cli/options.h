@@ -1,15 +1,28 @@
-// The command line of rib2zel: rib2zel [OPTIONS] INPUT [OUTPUT].
+// The command line of rib2zel: rib2zel [OPTIONS] INPUT [OUTPUT], or
+// rib2zel [OPTIONS] --output-dir DIR INPUT... for a batch.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 struct options {
   std::string input;
   std::string output;  // filled in from INPUT when not given
   bool quiet = false;
   bool parseOnly = false;
+  bool strict = false;
   bool help = false;
   bool version = false;
+
+  // A batch: every INPUT (a file or a folder) converted into outputDir.
+  std::string outputDir;
+  std::vector<std::string> inputs;
+  int32_t jobs = 0;  // 0: as many as there are cores
+  // The options, as given, that each file of a batch is converted with.
+  std::vector<std::string> fileOptions;
+
+  bool batch() const { return !outputDir.empty(); }
 };
 
 // Reads argv into o. Returns an empty string, or the usage error to show.

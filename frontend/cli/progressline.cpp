@@ -4,16 +4,24 @@
 
 namespace {
 constexpr double kMegabyte = 1024.0 * 1024.0;
+
+double rateOf(double megabytes, double seconds) {
+  return seconds > 0 ? megabytes / seconds : 0;
+}
 }  // namespace
 
 progressline::progressline(bool enabled, writer write, clock::time_point start)
     : enabled_(enabled), write_(std::move(write)), start_(start), lastDraw_(start) {}
 
 void progressline::update(uint64_t bytes, double fraction, clock::time_point now) {
+  update(now, [&](double seconds) { return progresstext(bytes, fraction, seconds); });
+}
+
+void progressline::update(clock::time_point now,
+                          const std::function<std::string(double seconds)>& make) {
   if (!enabled_ || now - start_ < kDelay) return;
   if (shownLength_ > 0 && now - lastDraw_ < kInterval) return;
-  double seconds = std::chrono::duration<double>(now - start_).count();
-  std::string text = progresstext(bytes, fraction, seconds);
+  std::string text = make(std::chrono::duration<double>(now - start_).count());
   // Blanks cover what is left of a longer previous line; no terminal escapes needed.
   size_t length = text.size();
   if (length < shownLength_) text.append(shownLength_ - length, ' ');
@@ -35,7 +43,7 @@ void progressline::erase() {
 
 std::string progresstext(uint64_t bytes, double fraction, double seconds) {
   double megabytes = static_cast<double>(bytes) / kMegabyte;
-  double rate = seconds > 0 ? megabytes / seconds : 0;
+  double rate = rateOf(megabytes, seconds);
   char text[96];
   if (fraction >= 0) {
     int percent = static_cast<int>(fraction * 100);
@@ -43,5 +51,12 @@ std::string progresstext(uint64_t bytes, double fraction, double seconds) {
   } else {
     std::snprintf(text, sizeof text, "Converting: %.1f MB read (%.1f MB/s)", megabytes, rate);
   }
+  return text;
+}
+
+std::string batchprogresstext(size_t done, size_t total, uint64_t bytesDone, double seconds) {
+  double rate = rateOf(static_cast<double>(bytesDone) / kMegabyte, seconds);
+  char text[96];
+  std::snprintf(text, sizeof text, "Converting: %zu of %zu files (%.1f MB/s)", done, total, rate);
   return text;
 }

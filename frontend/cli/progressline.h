@@ -22,6 +22,9 @@ class progressline {
 
   // fraction < 0 means the input's size is unknown.
   void update(uint64_t bytes, double fraction, clock::time_point now);
+  // Draws the text that make gives for the seconds since the start, when the
+  // line is due.
+  void update(clock::time_point now, const std::function<std::string(double seconds)>& make);
   // Removes the line if it is shown; a message or the end may follow.
   void erase();
 
@@ -35,3 +38,5 @@ class progressline {
 
 // The text of the line, without the carriage return in front.
 std::string progresstext(uint64_t bytes, double fraction, double seconds);
+// The line of a batch: files done of all, and the rate over the files done.
+std::string batchprogresstext(size_t done, size_t total, uint64_t bytesDone, double seconds);

@@ -78,3 +78,43 @@ TEST(Options, HelpAndVersionWinOverUsageErrors) {
   EXPECT_EQ(version.problem, "");
   EXPECT_TRUE(version.o.version);
 }
+
+TEST(Options, ReadABatch) {
+  const struct {
+    std::vector<const char*> args;
+    const char* problem;
+    int32_t jobs;
+    std::vector<std::string> fileOptions;
+  } cases[] = {
+      {{"--output-dir", "d", "-j", "3", "a", "b"}, "", 3, {}},
+      {{"--output-dir=d", "-j12", "--strict", "-q", "a"}, "", 12, {"--strict", "-q"}},
+      {{"--jobs=2", "--output-dir", "d", "--", "-a"}, "", 2, {}},
+      {{"--output-dir", "d"}, "missing INPUT", 0, {}},
+      {{"--output-dir", "", "a"}, "--output-dir is empty", 0, {}},
+      {{"a", "--output-dir"}, "option '--output-dir' needs a value", 0, {}},
+      {{"--output-dir", "d", "-"},
+       "standard input cannot be part of a batch (--output-dir)",
+       0,
+       {}},
+      {{"--output-dir", "d", "--parse-only", "a"},
+       "--parse-only writes no scene files: it takes no --output-dir",
+       0,
+       {"--parse-only"}},
+      {{"-j", "2", "a"}, "--jobs converts a batch: it needs --output-dir", 2, {}},
+      {{"--output-dir", "d", "-j0", "a"}, "invalid number of jobs '0' (1 to 1024)", 0, {}},
+      {{"--output-dir", "d", "-jx", "a"}, "invalid number of jobs 'x' (1 to 1024)", 0, {}},
+      {{"--output-dir", "d", "--jobs=99999999999", "a"},
+       "invalid number of jobs '99999999999' (1 to 1024)",
+       0,
+       {}},
+  };
+  for (const auto& c : cases) {
+    parsed p = parse(c.args);
+    EXPECT_EQ(p.problem, c.problem) << c.args[0];
+    EXPECT_EQ(p.o.jobs, c.jobs);
+    EXPECT_EQ(p.o.fileOptions, c.fileOptions);
+  }
+  parsed p = parse({"--output-dir", "d", "a", "b"});
+  EXPECT_TRUE(p.o.batch());
+  EXPECT_EQ(p.o.inputs, (std::vector<std::string>{"a", "b"}));
+}
