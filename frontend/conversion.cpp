@@ -27,6 +27,16 @@ void printToStderr(const char* line) {
   std::fprintf(stderr, "%s\n", line);
 }
 
+// An abort handler or exhausted memory ends the program in the middle of a
+// statement; the records before it are kept. Memory may be short here: a
+// failure only loses what the flush would have saved.
+void flushBeforeAbort() {
+  try {
+    zelFlush();
+  } catch (...) {
+  }
+}
+
 }  // namespace
 
 conversion* conversion::open_ = nullptr;
@@ -35,13 +45,17 @@ conversion::conversion(request r) : request_(std::move(r)) {}
 
 conversion::~conversion() {
   if (phase_ == phase::running) cancel();
-  if (open_ == this) open_ = nullptr;
+  if (open_ == this) {
+    open_ = nullptr;
+    setAbortFlush(nullptr);
+  }
 }
 
 bool conversion::open() {
   open_ = this;
   setMessageSink(&conversion::printMessage);
   zelSetMessageSink(&conversion::printMessage);
+  setAbortFlush(flushBeforeAbort);
   if (!input_.open(request_.input, request_.stop)) {
     fail("Unable to open input file " + describeInput(request_.input) + ": " + input_.problem());
     return false;

@@ -78,10 +78,11 @@ const char* helptext() {
          "\n"
          "Messages go to standard error, one per line, in the order they arise. The last\n"
          "line is \"Success.\" or \"There are warning/error messages.\"; messages of the\n"
-         "RenderMan Interface layer alone do not change it. Ctrl-C stops the conversion\n"
-         "between two requests; the scene file keeps what was written.\n"
+         "RenderMan Interface layer alone do not change it. Ctrl-C, SIGTERM and\n"
+         "SIGHUP stop the conversion between two requests; the scene file keeps what\n"
+         "was written.\n"
          "\n"
          "Exit status: 0 success; 1 the RIB gave warning/error messages; 2 no complete\n"
          "conversion (usage error, input or output cannot be opened, read or write\n"
-         "error); 130 interrupted.\n";
+         "error); 128 + the signal's number when interrupted (130 for Ctrl-C).\n";
 }
