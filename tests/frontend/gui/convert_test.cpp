@@ -6,7 +6,10 @@
 #include <QPushButton>
 #include <QtTest>
 #include <algorithm>
+#include <csignal>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "frontend/gui/msgwindow.h"
@@ -203,6 +206,38 @@ class ConvertTest : public QObject {
         dir.write("use.rib", "WorldBegin\nSurface \"plastic\" \"shared\" 1\nWorldEnd\n"), out);
     QCOMPARE(r.status, QString("Success."));
     QCOMPARE(countOf(opsOf(out), "SurfaceV"), 1);
+  }
+
+  // Last, as each closes the windows; they are shown again for the next.
+  void quittingWhileRunningKeepsWholeRecords() {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"main window closed", [] { gApp->fFrame->close(); }},
+        {"SIGTERM", [] { std::raise(SIGTERM); }},
+        {"SIGHUP", [] { std::raise(SIGHUP); }},
+        {"SIGINT", [] { std::raise(SIGINT); }},
+    };
+    const int total = 200000;
+    for (const auto& [name, quit] : ways) {
+      scratch dir;
+      QString out = dir.file("out.zel");
+      bool asked = false;
+      convert(dir.write("in.rib", spheres(total)), out, [&](TProgressDialog& d) {
+        if (asked || d.findChild<QProgressBar*>("progress")->value() < 100) return;
+        asked = true;
+        quit();
+      });
+      QVERIFY2(asked, name);
+      QVERIFY2(!TRendFrame::fProgressDialog, name);
+      QVERIFY2(!gApp->fFrame->isVisible(), name);
+      std::vector<std::string> ops;
+      try {
+        ops = opsOf(out);  // throws unless every record is whole
+      } catch (const std::exception& e) {
+        QFAIL(e.what());
+      }
+      QVERIFY2(countOf(ops, "SphereV") > 0 && countOf(ops, "SphereV") < total, name);
+      gApp->fFrame->show();
+    }
   }
 };
 
