@@ -56,7 +56,9 @@ bool conversion::open() {
   setMessageSink(&conversion::printMessage);
   zelSetMessageSink(&conversion::printMessage);
   setAbortFlush(flushBeforeAbort);
-  if (!input_.open(request_.input, request_.stop)) {
+  inputfile::stopcheck stop;
+  if (request_.stop) stop = [this] { return stopAsked(); };
+  if (!input_.open(request_.input, stop)) {
     fail("Unable to open input file " + describeInput(request_.input) + ": " + input_.problem());
     return false;
   }
@@ -161,6 +163,15 @@ void conversion::end(phase how) {
 void conversion::fail(const std::string& message) {
   error_ = message;
   phase_ = phase::failed;
+}
+
+// A stop while the input is read lands in the middle of a statement, which
+// the reader then sees cut short, a number perhaps cut to fewer digits: no
+// record may come from it.
+bool conversion::stopAsked() {
+  if (!request_.stop()) return false;
+  zelFreezeOutput();
+  return true;
 }
 
 uint64_t conversion::bytesRead() const {
