@@ -10,9 +10,11 @@
 namespace {
 
 int gWrite = -1;
+volatile std::sig_atomic_t gAsked = 0;
 
 void onQuitSignal(int signal) {
   const int saved = errno;
+  gAsked = 1;
   const unsigned char byte = static_cast<unsigned char>(signal);
   // A full pipe already holds a request; losing this one changes nothing.
   [[maybe_unused]] ssize_t n = write(gWrite, &byte, 1);
@@ -49,4 +51,9 @@ void TQuitSignals::readPipe() {
   while (read(fRead, bytes, sizeof bytes) > 0) {
   }
   emit quitRequested();
+  gAsked = 0;
+}
+
+bool TQuitSignals::asked() {
+  return gAsked != 0;
 }

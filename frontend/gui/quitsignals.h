@@ -18,6 +18,11 @@ class TQuitSignals : public QObject {
   explicit TQuitSignals(QObject* parent);
   ~TQuitSignals() override;
 
+  // Whether a quit signal has come and not yet been handled in the event
+  // loop: a conversion's stop check, which ends the input at once, for the
+  // loop does not run while one endless token is read.
+  static bool asked();
+
  signals:
   void quitRequested();
 
