@@ -24,6 +24,16 @@ void printToStderr(const char* line) {
   std::fprintf(stderr, "%s\n", line);
 }
 
+// An abort handler or exhausted memory ends the program in the middle of a
+// statement; the records before it are kept. Memory may be short here: a
+// failure only loses what the flush would have saved.
+void flushBeforeAbort() {
+  try {
+    zelFlush();
+  } catch (...) {
+  }
+}
+
 }  // namespace
 
 conversion* conversion::open_ = nullptr;
@@ -32,14 +42,20 @@ conversion::conversion(request r) : request_(std::move(r)) {}
 
 conversion::~conversion() {
   if (phase_ == phase::running) cancel();
-  if (open_ == this) open_ = nullptr;
+  if (open_ == this) {
+    open_ = nullptr;
+    setAbortFlush(nullptr);
+  }
 }
 
 bool conversion::open() {
   open_ = this;
   setMessageSink(&conversion::printMessage);
   zelSetMessageSink(&conversion::printMessage);
-  if (!input_.open(request_.input, request_.stop)) {
+  setAbortFlush(flushBeforeAbort);
+  inputfile::stopcheck stop;
+  if (request_.stop) stop = [this] { return stopAsked(); };
+  if (!input_.open(request_.input, stop)) {
     fail("Unable to open input file " + describeInput(request_.input) + ": " + input_.problem());
     return false;
   }
@@ -144,6 +160,15 @@ void conversion::end(phase how) {
 void conversion::fail(const std::string& message) {
   error_ = message;
   phase_ = phase::failed;
+}
+
+// A stop while the input is read lands in the middle of a statement, which
+// the reader then sees cut short, a number perhaps cut to fewer digits: no
+// record may come from it.
+bool conversion::stopAsked() {
+  if (!request_.stop()) return false;
+  zelFreezeOutput();
+  return true;
 }
 
 uint64_t conversion::bytesRead() const {

@@ -31,7 +31,7 @@ class conversion {
     bool parseOnly = false;     // run every layer and check, but format no scene
     linesink log;               // RIB messages (line and token); they decide the status
     linesink messages;          // messages of the Ri layer and of the scene library
-    inputfile::stopcheck stop;  // asked whether to end when a signal interrupts a read
+    inputfile::stopcheck stop;  // asked before each block of input whether to end there
   };
 
   enum class phase { created, running, finished, cancelled, failed };
@@ -86,6 +86,7 @@ class conversion {
   void finish();
   void end(phase how);
   void fail(const std::string& message);
+  bool stopAsked();
   static void printLog(const char* line);
   static void printMessage(const char* line);
 

@@ -70,14 +70,17 @@ size_t inputfile::read(unsigned char* dst, size_t cap) {
 size_t inputfile::readfd(unsigned char* dst, size_t cap) {
   if (fd_ < 0 || failed() || stopped_ || cap == 0) return 0;
   for (;;) {
+    // Asked before every block, not only after a wait that a signal cut
+    // short: input that never waits (/dev/zero, one endless token) must
+    // stop too.
+    if (stop_ && stop_()) {
+      stopped_ = true;
+      return 0;
+    }
     ssize_t got = ::read(fd_, dst, cap);
     if (got >= 0) return static_cast<size_t>(got);
     if (errno != EINTR) {
       problem_ = std::strerror(errno);
-      return 0;
-    }
-    if (stop_ && stop_()) {
-      stopped_ = true;
       return 0;
     }
   }

@@ -13,7 +13,8 @@
 
 class inputfile {
  public:
-  // Polled when a read is interrupted by a signal: true ends the input there.
+  // Polled before each block is read and when a read is interrupted by a
+  // signal: true ends the input there.
   using stopcheck = std::function<bool()>;
 
   inputfile() = default;

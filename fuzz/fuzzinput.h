@@ -3,9 +3,15 @@
 // same fault in both.
 #pragma once
 
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
+#include "frontend/gzipbytesource.h"
+#include "frontend/inputfile.h"
 #include "interface/error.h"
 #include "interface/ri.h"
 #include "rib/bytesource.h"
@@ -65,16 +71,59 @@ class fuzzrib : public rendrib {
 
 // A whole conversion: every statement through parse1, the Ri layer and the
 // scene library, which formats every record and drops it.
-inline void convert(const uint8_t* data, size_t size) {
+inline void convert(bytesource& in) {
   setMessageSink(discard);
   zelSetMessageSink(discard);
   zelDiscardOutput();
-  memorybytesource in(data, size);
   fuzzrib rib(in, "fuzz");
   rib.errorPrinter(discard);
   while (rib.parse1()) {
   }
   zelFlush();
+}
+
+inline void convert(const uint8_t* data, size_t size) {
+  memorybytesource in(data, size);
+  convert(in);
+}
+
+// Decompressed text beyond this is not read: a megabyte can expand a
+// thousandfold, and an array that large, which the interface calls need
+// whole, would go past the fuzzer's memory and time limits by design.
+class cappedgzip : public gzipbytesource {
+ public:
+  static constexpr size_t kCap = size_t{64} << 20;
+  using gzipbytesource::gzipbytesource;
+
+ protected:
+  size_t read(unsigned char* dst, size_t cap) override {
+    if (cap > kCap - given_) cap = kCap - given_;
+    const size_t n = cap == 0 ? 0 : gzipbytesource::read(dst, cap);
+    given_ += n;
+    return n;
+  }
+
+ private:
+  size_t given_ = 0;
+};
+
+// The bytes as a gzip file that rib2zel reads: from a file descriptor, in the
+// input's blocks, through the decompressor.
+inline void convertgzip(const uint8_t* data, size_t size) {
+  const int fd = memfd_create("fuzz", MFD_CLOEXEC);
+  if (fd < 0) __builtin_trap();
+  for (size_t done = 0; done < size;) {
+    const ssize_t n = write(fd, data + done, size - done);
+    if (n <= 0) __builtin_trap();
+    done += static_cast<size_t>(n);
+  }
+  inputfile file;
+  // The path opens the data afresh, from its first byte.
+  const bool opened = file.open("/proc/self/fd/" + std::to_string(fd));
+  close(fd);
+  if (!opened) __builtin_trap();
+  cappedgzip in(file);
+  convert(in);
 }
 
 }  // namespace fuzzinput

@@ -15,6 +15,8 @@ void (*Error::fStoredNewHandler)() = nullptr;
 
 namespace {
 
+void (*gAbortFlush)() = nullptr;
+
 // Prefix and terminator included.
 constexpr size_t kMessageBytes = 124;
 
@@ -58,6 +60,18 @@ void errorNewHandler() {
     error(RIE_NOMEM, RIE_SEVERE, "free store exhausted");
   } catch (...) {
   }
+  abortProgram();
+}
+
+void setAbortFlush(void (*flush)()) {
+  gAbortFlush = flush;
+}
+
+void abortProgram() {
+  // Taken first, so that an abort from within the flush cannot come back here.
+  void (*flush)() = gAbortFlush;
+  gAbortFlush = nullptr;
+  if (flush) flush();
   std::abort();
 }
 

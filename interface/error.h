@@ -64,6 +64,15 @@ const char* setErrorFuncName(const char* name);
 // Reports code 1, severity 3, "free store exhausted", then aborts.
 [[noreturn]] void errorNewHandler();
 
+// What must be written out before the program ends on purpose (an abort
+// handler, exhausted memory inside a named call): the front end brings its
+// scene file to the last whole record here. Null for nothing; the flush must
+// not throw.
+void setAbortFlush(void (*flush)());
+// Runs the abort flush once, then std::abort: the one way this layer and the
+// reader end the program.
+[[noreturn]] void abortProgram();
+
 // Reports through Error::fHandler, the message led by "name: " while an Ri
 // call is named. The composed message is cut at 123 bytes. With a null format
 // the handler gets the call's name alone, or null.

@@ -96,7 +96,7 @@ RtVoid RiErrorPrint(RtInt code, RtInt severity, const char* message) {
 
 RtVoid RiErrorAbort(RtInt code, RtInt severity, const char* message) {
   RiErrorPrint(code, severity, message);
-  if (severity > RIE_INFO) std::abort();
+  if (severity > RIE_INFO) abortProgram();
 }
 
 RtVoid RiErrorHandler(RtErrorHandler handler) {

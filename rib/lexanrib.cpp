@@ -5,6 +5,7 @@
 
 #include "rib/digitrun.h"
 #include "rib/lexanrib.h"
+#include "rib/longnumber.h"
 
 namespace {
 
@@ -62,8 +63,8 @@ constexpr size_t kExactIntDigits = 9;
 }  // namespace
 
 // Appends c and what follows up to a word end, which is put back and
-// returned; -1 when the stream ended first. The scanner's hottest loop, so
-// it is built into both of its callers.
+// returned; -1 when the stream ended first, kWordFull when text filled
+// first. The scanner's hottest loop, so it is built into both of its callers.
 __attribute__((always_inline)) inline int lexanrib::scanword(unsigned char c) {
   bytesource::cursor in(stream);
   TextCursor out(text);
@@ -74,11 +75,28 @@ __attribute__((always_inline)) inline int lexanrib::scanword(unsigned char c) {
       stop = c;
       break;
     }
-    out.push(c);
+    if (!out.push(c)) {
+      in.putback(c);
+      stop = kWordFull;
+      break;
+    }
     if (!in.get(c)) break;
   }
-  out.push('\0');
+  out.end();
   return stop;
+}
+
+int lexanrib::restofword(void (*take)(void* to, char c), void* to) {
+  bytesource::cursor in(stream);
+  unsigned char c;
+  while (in.get(c)) {
+    if (is(c, kWordEnd)) {
+      in.putback(c);
+      return c;
+    }
+    if (take) take(to, static_cast<char>(c));
+  }
+  return -1;
 }
 
 // The usual number, an optional sign, digits, and at most one point with
@@ -175,7 +193,7 @@ int16_t lexanrib::scan() {
         if (!in.get(c)) return thistoke = LEXEOF;
         action = kTables.action[c];
         if (action == kNewline) {
-          ++line;
+          newline();
         } else if (action != kSkip) {
           break;
         }
@@ -217,11 +235,11 @@ void lexanrib::skipcomment() {
   unsigned char c;
   while (in.get(c) && c != '\n') {
   }
-  ++line;
+  newline();
 }
 
 void lexanrib::scankeyword(unsigned char c) {
-  scanword(c);
+  if (scanword(c) == kWordFull) restofword(nullptr, nullptr);
 }
 
 // A memory failure while the string grows is told here, with this code, so
@@ -247,20 +265,21 @@ void lexanrib::scanstringbody() {
       break;
     }
     if (c != '\\') {
-      ++line;
-      text.append('\0');
+      newline();
+      TextCursor(text).end();
       throw exception(16, 2, "String runs past end of line");
     }
     int byte = scanescape();
     if (byte == kEscapeEnded) break;
-    if (byte != kEscapeNothing) text.append(static_cast<char>(byte));
+    if (byte != kEscapeNothing) TextCursor(text).push(static_cast<char>(byte));
   }
-  text.append('\0');
+  TextCursor(text).end();
   if (!closed) RIBError(16, 2, "Unterminated string");
 }
 
 // Appends string bytes up to one that needs a closer look (a quote, a
 // backslash or a line end), which it returns; -1 when the stream ended.
+// Bytes beyond what text holds are read on and dropped.
 int lexanrib::scanplain() {
   bytesource::cursor in(stream);
   TextCursor out(text);
@@ -289,7 +308,7 @@ int lexanrib::scanescape() {
     case 'f':
       return '\f';
     case '\n':
-      ++line;
+      newline();
       return kEscapeNothing;
     case '0':
     case '1':
@@ -326,9 +345,21 @@ int lexanrib::scanescape() {
 int16_t lexanrib::scannumber(unsigned char c) {
   text.count = 0;
   int stop = scanword(c);
-  int16_t kind = stop >= 0x80 ? LEXNONE : convertnumber();
+  if (stop == kWordFull) return scanlongnumber();
+  int16_t kind = stop >= 0x80 ? LEXNONE : convertnumber(text.data, text.data + text.count - 1);
   if (kind == LEXNONE) throw exception(16, 2, "Invalid number");
   return kind;
+}
+
+// text keeps the first bytes, for the reports, as for any long word.
+int16_t lexanrib::scanlongnumber() {
+  longnumber number;
+  for (uint32_t i = 0; i + 1 < text.count; ++i) number.take(text.data[i]);
+  auto take = [](void* to, char c) { static_cast<longnumber*>(to)->take(c); };
+  int stop = restofword(take, &number);
+  if (stop >= 0x80 || !number.valid()) throw exception(16, 2, "Invalid number");
+  const std::string value = number.shortText();
+  return convertnumber(value.data(), value.data() + value.size());
 }
 
 void lexanrib::get(String& s) const {

@@ -35,6 +35,14 @@ class lexanrib {
   };
   // Up to this many digits the mantissa cannot wrap: 10^19 < 2^64.
   static constexpr size_t kExactDigits = 19;
+  // A keyword, string or number keeps at most this many bytes of its text,
+  // the terminator included; the rest of a longer one is read and dropped.
+  // A String holds no more anyway, and a longer number is read digit by digit
+  // (scanlongnumber).
+  static constexpr uint32_t kTextLimit = String::maxLength + 1;
+  // The line counter stops here rather than wrap: a report past it names
+  // this line.
+  static constexpr uint32_t kLastLine = UINT32_MAX;
 
   explicit lexanrib(bytesource& in, const char* name = "stdin");
   lexanrib(const lexanrib&) = delete;
@@ -94,7 +102,8 @@ class lexanrib {
 
   void RIBErrorIgnore(int32_t code, int32_t severity, const char* message);
   void RIBErrorPrint(int32_t code, int32_t severity, const char* message);
-  // Prints, then ends the process at once whatever the severity.
+  // Prints, then ends the process whatever the severity, through
+  // abortProgram, which first writes out what the front end holds.
   void RIBErrorAbort(int32_t code, int32_t severity, const char* message);
 
   // The record to throw; reports nothing.
@@ -107,13 +116,13 @@ class lexanrib {
 
   ErrorHandler RIBErrorHandler;
   bytesource& stream;
-  const char* name;  // not owned; no message prints it
-  int32_t lastline;  // the line where the latest scan began: what reports name
-  int32_t line;      // running line counter
+  const char* name;   // not owned; no message prints it
+  uint32_t lastline;  // the line where the latest scan began: what reports name
+  uint32_t line;      // running line counter, held at kLastLine
   int16_t thistoke;
   int32_t intvalue;
   float floatvalue;
-  Array<char> text;        // last string, keyword or ASCII number, NUL-terminated
+  Array<char> text;  // last string, keyword or ASCII number, NUL-terminated, cut at kTextLimit
   Array<String> requests;  // binary request-code definitions
   // Binary string-index definitions. The array reaches a little past the
   // highest index defined so far; an index far beyond it goes to the map, so
@@ -153,7 +162,48 @@ class lexanrib {
     uint32_t n_;
     uint32_t cap_;
   };
-  using TextCursor = AppendCursor<char>;
+  // AppendCursor for text, which holds at most kTextLimit - 1 bytes before
+  // the terminator: push takes nothing beyond them and returns false; end
+  // always finds room for the terminator.
+  class TextCursor {
+   public:
+    explicit TextCursor(Array<char>& a) : a_(a), d_(a.data), n_(a.count), room_(roomIn(a)) {}
+    TextCursor(const TextCursor&) = delete;
+    TextCursor& operator=(const TextCursor&) = delete;
+    ~TextCursor() { a_.count = n_; }
+    bool push(char c) {
+      if (n_ == room_ && !spill()) return false;
+      d_[n_++] = c;
+      return true;
+    }
+    void end() {
+      if (n_ == a_.capacity) grow();
+      d_[n_++] = '\0';
+    }
+
+   private:
+    static uint32_t roomIn(const Array<char>& a) {
+      return a.capacity < kTextLimit - 1 ? a.capacity : kTextLimit - 1;
+    }
+    bool spill() {
+      if (n_ >= kTextLimit - 1) return false;
+      grow();
+      return true;
+    }
+    void grow() {
+      a_.count = n_;
+      a_.grow();
+      d_ = a_.data;
+      room_ = roomIn(a_);
+    }
+    Array<char>& a_;
+    char* d_;
+    uint32_t n_;
+    uint32_t room_;
+  };
+  // What scanword returns when text filled before the word ended; the byte
+  // that did not fit is back in the stream.
+  static constexpr int kWordFull = -2;
 
   [[noreturn]] static void assertionFailed(const char* expression, int line);
 
@@ -167,15 +217,21 @@ class lexanrib {
   int scanescape();
   int16_t scannumber(unsigned char c);
   int16_t scaninplace(unsigned char first);
-  // The value of the number in text into intvalue or floatvalue; LEXNONE,
-  // with both left alone, when text is no number.
-  int16_t convertnumber();
+  // The value of the number text p to end into intvalue or floatvalue;
+  // LEXNONE, with both left alone, when it is no number.
+  int16_t convertnumber(const char* p, const char* end);
+  // A number longer than text holds: read on to its end, digit by digit.
+  int16_t scanlongnumber();
   // The value of a checked number into intvalue or floatvalue; returns its
   // kind. digits to end: its text after the sign, for values that the
   // mantissa cannot hold exactly.
   int16_t valuenumber(const Decimal& number, bool isfloat, const char* digits, const char* end);
   void scankeyword(unsigned char c);
   int scanword(unsigned char c);
+  // Reads the rest of a word that filled text, handing each byte to take
+  // (when given); returns the word end, which is put back, or -1.
+  int restofword(void (*take)(void* to, char c), void* to);
+  void newline() { line += line != kLastLine; }
 
   int16_t scanbinary(unsigned char c);
   uint32_t scanbinlong(uint16_t n);

@@ -112,7 +112,7 @@ int16_t lexanrib::scanbinstring(unsigned char c) {
     out.push(b);
     --length;
   }
-  out.push('\0');
+  out.end();
   return LEXSTRING;
 }
 
@@ -213,5 +213,5 @@ void lexanrib::copytext(const String* s) {
   if (s) {
     for (uint16_t i = 0; i < s->size(); ++i) out.push(static_cast<unsigned char>(s->c_str()[i]));
   }
-  out.push('\0');
+  out.end();
 }

@@ -87,9 +87,7 @@ inline const char* takeDigits(const char* p, const char* end, uint64_t& mantissa
 // The grammar: an optional sign, digits, then optionally a point and at least
 // one digit, then, if a digit came last, optionally e or E, a sign and at
 // least one digit. ".5" is a number, "5." and "1e" are not.
-int16_t lexanrib::convertnumber() {
-  const char* p = text.data;
-  const char* end = text.data + text.count - 1;  // before the terminator
+int16_t lexanrib::convertnumber(const char* p, const char* end) {
   Decimal number;
   if (p < end && (*p == '+' || *p == '-')) number.negative = *p++ == '-';
   const char* digits = p;

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "interface/error.h"
 #include "rib/lexanrib.h"
 
 namespace {
@@ -90,7 +91,7 @@ void lexanrib::RIBError(int32_t code, int32_t severity, const char* format, ...)
 void lexanrib::vRIBError(int32_t code, int32_t severity, const char* format, va_list args) {
   LineBuffer<3 * kStep> report;
   char step[kStep];
-  std::snprintf(step, sizeof step, "at line %ld", static_cast<long>(lastline));
+  std::snprintf(step, sizeof step, "at line %lu", static_cast<unsigned long>(lastline));
   report.add(step);
   // text.count includes the terminator; text may hold a NUL earlier, or none
   // at all when a scan was cut short, so its length is bounded by count.
@@ -122,7 +123,7 @@ void lexanrib::RIBErrorPrint(int32_t code, int32_t severity, const char* message
 
 void lexanrib::RIBErrorAbort(int32_t code, int32_t severity, const char* message) {
   RIBErrorPrint(code, severity, message);
-  std::abort();
+  abortProgram();
 }
 
 RIBException lexanrib::exception(int32_t code, int32_t severity, const char* format, ...) {

@@ -68,6 +68,10 @@ void Output::skip() {
 }
 
 void Output::commit() {
+  if (frozen_) {
+    buffer_.clear();
+    return;
+  }
   committed_ = buffer_.size();
   if (committed_ >= kBufferBytes) drain();
 }
@@ -101,6 +105,11 @@ bool Output::flush() {
   return !failed();
 }
 
+void Output::freeze() {
+  flush();
+  frozen_ = true;
+}
+
 bool Output::close() {
   rollback();
   bool ok = flush();
@@ -121,6 +130,7 @@ void Output::reset() {
 }
 
 void Output::releaseDestination() {
+  frozen_ = false;
   stream_ = nullptr;
   kind_ = Kind::None;
 }

@@ -30,6 +30,8 @@ class Output {
   void skip();                   // lines are not even formatted
 
   bool flush();  // whole lines to the destination, then the stream's own buffer
+  // flush, then drop every later line until the next destination is chosen.
+  void freeze();
   bool close();  // flush, and close a file that openFile made
   // Back to no destination with no failure kept, dropping whatever is buffered.
   void reset();
@@ -54,6 +56,7 @@ class Output {
 
   std::string buffer_;
   size_t committed_ = 0;
+  bool frozen_ = false;
   Kind kind_ = Kind::None;
   FILE* stream_ = nullptr;
   size_t fileBytes_ = 0;  // whole lines that reached the file

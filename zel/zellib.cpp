@@ -33,6 +33,10 @@ bool zelFlush() {
   return library().output.flush();
 }
 
+void zelFreezeOutput() {
+  library().output.freeze();
+}
+
 bool zelClose() {
   return library().output.close();
 }

@@ -28,6 +28,10 @@ void zelSkipOutput();
 // Hands every whole line to the destination and flushes it. False once
 // writing has failed.
 bool zelFlush();
+// zelFlush, then drops every later record until the next output is chosen:
+// for a conversion stopped in the middle of a statement, whose reader sees
+// the statement cut short.
+void zelFreezeOutput();
 // zelFlush, then closes a file that _zelOutputFile opened. False once writing
 // has failed.
 bool zelClose();

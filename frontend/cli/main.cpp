@@ -19,18 +19,23 @@ namespace {
 constexpr int kExitSuccess = 0;
 constexpr int kExitMessages = 1;
 constexpr int kExitFailed = 2;
-constexpr int kExitInterrupted = 130;  // 128 + SIGINT, what a shell reports for Ctrl-C
+// An interrupted conversion ends with 128 + the signal's number, as a shell
+// reports a process the signal ended: 130 for Ctrl-C, 143 for SIGTERM.
+constexpr int kExitSignalBase = 128;
 
+// The signal that asked for the stop, or 0.
 volatile std::sig_atomic_t gInterrupted = 0;
 progressline* gProgress = nullptr;
 int32_t gOtherMessages = 0;  // lines of the Ri layer and the scene library, for --strict
 
-void onInterrupt(int) {
-  gInterrupted = 1;
+void onInterrupt(int signal) {
+  gInterrupted = signal;
 }
 
-// Ctrl-C asks for a stop between two statements. A second Ctrl-C finds the
-// default action back in place and ends the process at once.
+// Ctrl-C, SIGTERM (timeout, job systems, container stops) and SIGHUP (a
+// closing terminal) ask for a stop between two statements, so that the scene
+// file keeps whole records. A second one finds the default action back in
+// place and ends the process at once.
 void catchInterrupt() {
   struct sigaction sa {};
   sa.sa_handler = onInterrupt;
@@ -38,7 +43,11 @@ void catchInterrupt() {
   // No SA_RESTART: a read from a pipe or terminal that is waiting for data
   // must come back so that the stop is seen.
   sa.sa_flags = SA_RESETHAND;
-  sigaction(SIGINT, &sa, nullptr);
+  for (int signal : {SIGINT, SIGTERM, SIGHUP}) sigaction(signal, &sa, nullptr);
+  // A write beyond the file-size limit then fails with EFBIG, and the scene
+  // library cuts the file back to its last whole record, instead of the
+  // signal ending the process in the middle of a line.
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 void writeError(const std::string& text) {
@@ -65,7 +74,7 @@ int finish(conversion& c, const options& o) {
   switch (c.state()) {
     case conversion::phase::cancelled:
       printLine("Conversion cancelled.");
-      return kExitInterrupted;
+      return kExitSignalBase + gInterrupted;
     case conversion::phase::failed:
       // A write error has already been told by the scene library, in its place among the lines.
       if (!c.errorShown()) printLine(("rib2zel: " + c.error()).c_str());

@@ -10,6 +10,7 @@
 
 #include "frontend/conversion.h"
 #include "frontend/gui/msgwindow.h"
+#include "frontend/gui/quitsignals.h"
 #include "frontend/gui/rendapp.h"
 
 namespace {
@@ -31,6 +32,7 @@ conversion::request requestFor(const QString& inputPath, const QString& outputPa
   r.output = QFile::encodeName(outputPath).toStdString();
   r.log = &TRendApp::print;
   r.messages = &showRibMessage;
+  r.stop = &TQuitSignals::asked;
   return r;
 }
 
@@ -107,6 +109,9 @@ void TProgressDialog::IdleAction() {
   // says why instead.
   if (fRib->state() == conversion::phase::failed) {
     showEnd(QString::fromStdString(fRib->error()));
+  } else if (fRib->state() == conversion::phase::cancelled) {
+    // Stopped by a quit signal in the middle of the input; the program ends.
+    showEnd("Conversion cancelled.");
   } else {
     fProgress->setValue(kProgressSteps);
     showEnd(fRib->statusText());

@@ -8,6 +8,7 @@
 #include "frontend/gui/aboutdialog.h"
 #include "frontend/gui/msgwindow.h"
 #include "frontend/gui/progressdialog.h"
+#include "frontend/gui/quitsignals.h"
 #include "frontend/gui/rendedit.h"
 #include "frontend/gui/rendframe.h"
 #include "interface/error.h"
@@ -46,6 +47,7 @@ TRendApp::TRendApp(int& argc, char** argv)
   // A conversion routes both to the same place while it runs.
   setMessageSink(&showRibMessage);
   zelSetMessageSink(&showRibMessage);
+  connect(new TQuitSignals(this), &TQuitSignals::quitRequested, this, &TRendApp::QuitCleanly);
 }
 
 TRendApp::~TRendApp() {
@@ -126,6 +128,12 @@ bool TRendApp::outputUsable() {
     return false;
   }
   return true;
+}
+
+void TRendApp::QuitCleanly() {
+  if (TRendFrame::fProgressDialog) TRendFrame::fProgressDialog->reject();
+  closeAllWindows();
+  quit();
 }
 
 void TRendApp::CmAbout() {

@@ -12,6 +12,7 @@
 
 #include "frontend/gui/filedialogs.h"
 
+class TQuitSignals;
 class TRendEdit;
 class TRendFrame;
 
@@ -33,6 +34,9 @@ class TRendApp : public QApplication {
 
   void CmConvert();
   void CmAbout();
+  // Cancels a running conversion, closes the windows and ends the event
+  // loop: what a quit signal does.
+  void QuitCleanly();
 
   TRendEdit* fEdit = nullptr;  // owned by fFrame
   TOpenSaveData fInputData;

@@ -1,6 +1,9 @@
 #include "frontend/gui/rendframe.h"
 
+#include <QCloseEvent>
 #include <QStatusBar>
+
+#include "frontend/gui/progressdialog.h"
 
 TProgressDialog* TRendFrame::fProgressDialog = nullptr;
 
@@ -9,6 +12,11 @@ TRendFrame::TRendFrame(const QString& title, QWidget* client) {
   setWindowTitle(title);
   setCentralWidget(client);
   statusBar();
+}
+
+void TRendFrame::closeEvent(QCloseEvent* event) {
+  if (fProgressDialog) fProgressDialog->reject();
+  QMainWindow::closeEvent(event);
 }
 
 void fitToClient(QMainWindow* frame) {

@@ -10,6 +10,9 @@ class TRendFrame : public QMainWindow {
 
  public:
   TRendFrame(const QString& title, QWidget* client);
+  // Closing the main window cancels a running conversion first, so that the
+  // scene file keeps whole records whatever closes it.
+  void closeEvent(QCloseEvent* event) override;
 
   // The running conversion dialog, null at all other times.
   static TProgressDialog* fProgressDialog;

@@ -1,8 +1,10 @@
 // Ctrl-C in the middle of a conversion: rib2zel stops between two statements,
-// says so, exits with 130, and the scene file holds whole records only.
+// says so, exits with 130, and the scene file holds whole records only. And
+// every other way a conversion ends early leaves whole records too.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <csignal>
@@ -77,4 +79,92 @@ TEST(Rib2zelInterrupt, StopsWhileStandardInputKeepsComing) {
   writer.join();
   ASSERT_TRUE(started);
   expectCancelled(r, scene);
+}
+
+TEST(Rib2zelWaysOut, EachEndsOnAWholeRecord) {
+  scratchdir dir;
+  std::string spheres = "WorldBegin\n";
+  for (int i = 0; i < 1000; ++i) spheres += kStatement;
+  std::string big = spheres;
+  for (int i = 0; i < 400000; ++i) big += kStatement;
+  // 65,535 vertices as binary floats: the parser holds 0.8 MB, the record
+  // needs more than 3 MB, which the data limit refuses inside RiPolygonV.
+  std::string polygon = spheres + "Polygon \"P\" \xCB";
+  const uint32_t floats = 3 * 65535;
+  for (int shift : {24, 16, 8, 0}) polygon += static_cast<char>(floats >> shift & 0xFF);
+  for (uint32_t i = 0; i < floats; ++i) polygon += std::string("\x00\x80\x00\x00", 4);
+  const std::string abort = spheres + "ErrorHandler \"abort\"\n";
+  const std::string scene = dir.file("out.zel").string();
+  const struct {
+    std::string rib;  // or, when empty, /dev/zero: one endless token
+    int signal;
+    childlimits limits;
+    std::string output;
+    int status;
+    std::string lastLine;
+  } ways[] = {
+      {big, SIGTERM, {}, scene, 128 + SIGTERM, "Conversion cancelled."},
+      {big, SIGHUP, {}, scene, 128 + SIGHUP, "Conversion cancelled."},
+      {big, SIGINT, {}, scene, 128 + SIGINT, "Conversion cancelled."},
+      {"", SIGTERM, {}, scene, 128 + SIGTERM, "Conversion cancelled."},
+      {abort + "Bogus\n" + kStatement,
+       0,
+       {},
+       scene,
+       128 + SIGABRT,
+       "RIB error: undefined RIB request at line 1002 'Bogus'"},
+      {abort + "Orientation \"sideways\"\n" + kStatement,
+       0,
+       {},
+       scene,
+       128 + SIGABRT,
+       "error: Invalid token for request. undeclared token \"sideways\""},
+#ifndef __SANITIZE_ADDRESS__  // which reserves far more than the limit
+      {polygon,
+       0,
+       {0, 6 << 20},
+       scene,
+       128 + SIGABRT,
+       "severe error: Out of memory. RiPolygonV: free store exhausted"},
+#endif
+      {big,
+       0,
+       {256 << 10, 0},
+       scene,
+       2,
+       "ZEL severe error: cannot write the scene file \"" + scene + "\": File too large"},
+      {big,
+       0,
+       {},
+       "/dev/full",
+       2,
+       "ZEL severe error: cannot write the scene file \"/dev/full\": No space left on device"},
+  };
+  for (const auto& way : ways) {
+    SCOPED_TRACE(way.lastLine);
+    const fs::path in = way.rib.empty() ? "/dev/zero" : dir.write("in.rib", way.rib);
+    rib2zelprocess p(dir, {in.string(), way.output}, "", false, way.limits);
+    if (way.signal != 0) {
+      if (way.rib.empty()) {
+        std::this_thread::sleep_for(300ms);
+      } else {
+        ASSERT_TRUE(waitForRecords(scene));
+      }
+      kill(p.pid(), way.signal);
+    }
+    const runresult r = p.wait();
+    EXPECT_EQ(r.status, way.status);
+    ASSERT_FALSE(r.errLines.empty());
+    EXPECT_EQ(r.errLines.back(), way.lastLine);
+    if (way.output != scene) continue;
+    const std::string text = readfile(scene);
+    ASSERT_FALSE(text.empty());
+    EXPECT_EQ(text.back(), '\n');
+    std::vector<std::string> ops;
+    ASSERT_NO_THROW(ops = sceneops(text));
+    // Every record before the way out is kept, up to the point it was taken.
+    const long spheres = std::count(ops.begin(), ops.end(), "SphereV");
+    EXPECT_GE(spheres, way.rib.empty() ? 0 : way.signal ? 1 : 1000);
+    fs::remove(scene);
+  }
 }

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 std::string readfile(const fs::path& p) {
   std::ifstream in(p, std::ios::binary);
@@ -31,10 +32,16 @@ std::vector<std::string> splitlines(const std::string& text) {
 namespace {
 
 // Only async-signal-safe calls between fork and exec: argv is built before.
-[[noreturn]] void execChild(char* const* argv, int in, int out, int err) {
+[[noreturn]] void execChild(char* const* argv, int in, int out, int err, childlimits limits) {
   dup2(in, STDIN_FILENO);
   dup2(out, STDOUT_FILENO);
   dup2(err, STDERR_FILENO);
+  const std::pair<int, rlim_t> wanted[] = {{RLIMIT_FSIZE, limits.fileSize},
+                                           {RLIMIT_DATA, limits.data}};
+  for (const auto& [resource, value] : wanted) {
+    const rlimit limit{value, value};
+    if (value != 0) setrlimit(resource, &limit);
+  }
   execv(argv[0], argv);
   _exit(127);
 }
@@ -48,7 +55,7 @@ int openOrThrow(const fs::path& p, int flags) {
 }  // namespace
 
 rib2zelprocess::rib2zelprocess(const scratchdir& dir, const std::vector<std::string>& args,
-                               const std::string& stdinPath, bool stdinPipe)
+                               const std::string& stdinPath, bool stdinPipe, childlimits limits)
     : outPath_(dir.file("stdout.txt")), errPath_(dir.file("stderr.txt")) {
   int in = -1;
   if (stdinPipe) {
@@ -67,7 +74,7 @@ rib2zelprocess::rib2zelprocess(const scratchdir& dir, const std::vector<std::str
   for (auto& w : words) argv.push_back(w.data());
   argv.push_back(nullptr);
   pid_ = fork();
-  if (pid_ == 0) execChild(argv.data(), in, out, err);
+  if (pid_ == 0) execChild(argv.data(), in, out, err, limits);
   close(in);
   close(out);
   close(err);

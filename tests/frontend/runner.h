@@ -3,6 +3,7 @@
 // file, from nothing, or from a pipe that the test writes to.
 #pragma once
 
+#include <sys/resource.h>
 #include <sys/types.h>
 
 #include <filesystem>
@@ -24,11 +25,19 @@ struct runresult {
   std::string out;
 };
 
+// Limits set in the child before it runs rib2zel; 0 for none. The signals
+// keep their default actions, as under a shell's ulimit.
+struct childlimits {
+  rlim_t fileSize = 0;  // RLIMIT_FSIZE, bytes
+  rlim_t data = 0;      // RLIMIT_DATA, bytes
+};
+
 class rib2zelprocess {
  public:
   // stdinPath empty: standard input is /dev/null. stdinPipe: the test writes.
   rib2zelprocess(const scratchdir& dir, const std::vector<std::string>& args,
-                 const std::string& stdinPath = "", bool stdinPipe = false);
+                 const std::string& stdinPath = "", bool stdinPipe = false,
+                 childlimits limits = {});
   ~rib2zelprocess();
 
   pid_t pid() const { return pid_; }

@@ -1,5 +1,6 @@
 // Replays every input that once made a fuzz target fail, through the scanner
-// alone and through a whole conversion, as the targets run them. A fault
+// alone and through a whole conversion, plain and as gzip input, as the
+// targets run them. A fault
 // that comes back shows as a crash or a sanitizer report here.
 #include <gtest/gtest.h>
 
@@ -43,6 +44,7 @@ TEST(FuzzRegressions, EveryKeptInputRunsThroughTheScannerAndAConversion) {
     const auto* data = reinterpret_cast<const uint8_t*>(bytes.data());
     fuzzinput::scan(data, bytes.size());
     fuzzinput::convert(data, bytes.size());
+    fuzzinput::convertgzip(data, bytes.size());
   }
 }
 

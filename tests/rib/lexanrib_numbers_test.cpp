@@ -54,6 +54,28 @@ TEST(LexanribNumbersBothWays, TextInPlaceHoldsTheWholeWord) {
   EXPECT_STREQ(scan.lex.text.data, "1.2.3x");
 }
 
+// Past what the scanner's text holds, a number reads as its whole text does:
+// through the grammar, the 32-bit limits, and to the nearest double.
+TEST(LexanribNumbersLong, ReadAsTheirWholeTextReads) {
+  const std::string z(70000, '0');
+  const std::string midpoint = "1.000000059604644775390625" + z + "1";
+  double nearest = 0;
+  std::from_chars(midpoint.data(), midpoint.data() + midpoint.size(), nearest);
+  char expected[64];
+  std::snprintf(expected, sizeof expected, "FLOAT %.9g", static_cast<float>(nearest));
+  expectTokens({
+      {z + "5 7", {"INT 5", "INT 7", "EOF"}},
+      {"-1" + z + " -" + z + "1.5", {"INT -2147483648", "FLOAT -1.5", "EOF"}},
+      {"0." + z + "1e70001 1" + z + "e-70000", {"FLOAT 1", "FLOAT 1", "EOF"}},
+      {"1e" + z + "3 0." + std::string(70000, '3'), {"FLOAT 1000", "FLOAT 0.333333343", "EOF"}},
+      {"0." + z + "1 1" + z + "e99999999999999999999", {"FLOAT 0", "FLOAT inf", "EOF"}},
+      {midpoint, {expected, "EOF"}},
+      {"1" + z + "x 1" + z + ". 7",
+       {"THROW 16 Invalid number", "THROW 16 Invalid number", "INT 7", "EOF"}},
+      {"-" + z + std::string("\x80\x05", 2), {"THROW 16 Invalid number", "INT 5", "EOF"}},
+  });
+}
+
 // A value as a scene writer prints it, with the float and integer it must read as.
 struct Written {
   std::string text;

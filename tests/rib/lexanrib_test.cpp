@@ -142,7 +142,7 @@ TEST(LexanribStrings, TextBeyondAStringsLimitIsCutOnDelivery) {
   std::string body(70000, 'z');
   Scan scan("\"" + body + "\"");
   ASSERT_EQ(scan.lex.next(), LEXSTRING);
-  EXPECT_EQ(scan.lex.text.count, 70001u);
+  EXPECT_EQ(scan.lex.text.count, lexanrib::kTextLimit);
   String s;
   scan.lex.get(s);
   EXPECT_EQ(s.size(), 65535);
@@ -183,6 +183,19 @@ TEST(LexanribStream, LinesCountFromWhereTheScanBegan) {
             (Words{"RIB error: general syntactic error at line 6 'x': Unterminated string"}));
 }
 
+// Each way a line ends (a line feed, a comment, a continued string) stops
+// counting at the last line rather than wrapping.
+TEST(LexanribStream, LinesPastTheLastAreCountedAsIt) {
+  Scan scan("\n\n# c\n\"a\\\nb\" x\n\"y");
+  lexanrib& lex = scan.lex;
+  lex.line = lexanrib::kLastLine - 1;
+  Reports reports;
+  EXPECT_EQ(tokens(lex), (Words{"STRING ab", "KEYWORD x", "STRING y", "EOF"}));
+  EXPECT_EQ(lex.line, lexanrib::kLastLine);
+  EXPECT_EQ(reports.lines(), (Words{"RIB error: general syntactic error at line 4294967295 'y': "
+                                    "Unterminated string"}));
+}
+
 TEST(LexanribStream, EndOfStreamRepeatsAndAnUnfinishedLineCounts) {
   Scan empty("");
   EXPECT_EQ(empty.lex.next(), LEXEOF);
@@ -209,7 +222,7 @@ TEST(LexanribStream, ReadsAcrossTheSourcesBlocks) {
     ASSERT_STREQ(scan.lex.text.data, "s");
   }
   ASSERT_EQ(scan.lex.next(), LEXKEYWORD);
-  EXPECT_EQ(scan.lex.text.count, 100001u);
+  EXPECT_EQ(scan.lex.text.count, lexanrib::kTextLimit);
   EXPECT_EQ(scan.lex.next(), LEXEOF);
   EXPECT_EQ(scan.lex.line, 30001);
 }

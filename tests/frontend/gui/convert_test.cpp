@@ -1,12 +1,19 @@
 // Convert from end to end: the two paths, the output test, the status dialog
 // with its idle loop, Cancel, and the log.
+#include <unistd.h>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QtTest>
+
 #include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <functional>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "frontend/gui/msgwindow.h"
@@ -203,6 +210,53 @@ class ConvertTest : public QObject {
         dir.write("use.rib", "WorldBegin\nSurface \"plastic\" \"shared\" 1\nWorldEnd\n"), out);
     QCOMPARE(r.status, QString("Success."));
     QCOMPARE(countOf(opsOf(out), "SurfaceV"), 1);
+  }
+
+  // Last, as each closes the windows; they are shown again for the next.
+  void quittingWhileRunningKeepsWholeRecords() {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"main window closed", [] { gApp->fFrame->close(); }},
+        {"SIGHUP", [] { std::raise(SIGHUP); }},
+        {"SIGINT", [] { std::raise(SIGINT); }},
+    };
+    const int total = 200000;
+    for (const auto& [name, quit] : ways) {
+      scratch dir;
+      QString out = dir.file("out.zel");
+      bool asked = false;
+      convert(dir.write("in.rib", spheres(total)), out, [&](TProgressDialog& d) {
+        if (asked || d.findChild<QProgressBar*>("progress")->value() < 100) return;
+        asked = true;
+        quit();
+      });
+      QVERIFY2(asked, name);
+      QVERIFY2(!TRendFrame::fProgressDialog, name);
+      QVERIFY2(!gApp->fFrame->isVisible(), name);
+      std::vector<std::string> ops;
+      try {
+        ops = opsOf(out);  // throws unless every record is whole
+      } catch (const std::exception& e) {
+        QFAIL(e.what());
+      }
+      QVERIFY2(countOf(ops, "SphereV") > 0 && countOf(ops, "SphereV") < total, name);
+      gApp->fFrame->show();
+    }
+    // One endless token: the event loop does not run until the input stops.
+    scratch dir;
+    QString out = dir.file("zero.zel");
+    std::thread signaller([] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(300));
+      kill(getpid(), SIGTERM);
+    });
+    // The dialog may be gone before the helper has looked at it: the scene
+    // file and the closed window tell the outcome.
+    convert("/dev/zero", out);
+    signaller.join();
+    QTRY_VERIFY(!gApp->fFrame->isVisible());
+    QCOMPARE(readAll(out),
+             QByteArray("{\"format\":\"ZEL\",\"version\":1,\"generator\":\"rib2zel " RIB2ZEL_VERSION
+                        "\"}\n"));
+    gApp->fFrame->show();
   }
 };
 
