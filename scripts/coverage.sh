@@ -26,5 +26,6 @@ QT_QPA_PLATFORM=offscreen ctest --test-dir "$build" -j"$(nproc)" >/dev/null || {
 filters=(--root . --object-directory "$build"
   --filter 'foundation/' --filter 'rib/' --filter 'interface/' --filter 'zel/' --filter 'frontend/'
   --exclude-throw-branches --exclude-unreachable-branches)
-gcovr "${filters[@]}" --txt "$build/coverage.txt" >/dev/null
-gcovr "${filters[@]}" --print-summary --txt /dev/null | grep -E '^(lines|branches):'
+# gcovr deletes the file it is to write to once it has proved it writable,
+# so it is never given a device such as /dev/null.
+gcovr "${filters[@]}" --print-summary --txt "$build/coverage.txt" | grep -E '^(lines|branches):'
