@@ -10,18 +10,12 @@
 #include <string>
 
 #include "frontend/cli/batch.h"
+#include "frontend/cli/exitstatus.h"
 #include "frontend/cli/options.h"
 #include "frontend/cli/progressline.h"
 #include "frontend/conversion.h"
 
 namespace {
-
-constexpr int kExitSuccess = 0;
-constexpr int kExitMessages = 1;
-constexpr int kExitFailed = 2;
-// An interrupted conversion ends with 128 + the signal's number, as a shell
-// reports a process the signal ended: 130 for Ctrl-C, 143 for SIGTERM.
-constexpr int kExitSignalBase = 128;
 
 // The signal that asked for the stop, or 0.
 volatile std::sig_atomic_t gInterrupted = 0;
