@@ -107,9 +107,10 @@ class lexanrib {
 
   ErrorHandler RIBErrorHandler;
   bytesource& stream;
-  const char* name;  // not owned; no message prints it
-  int32_t lastline;  // the line where the latest scan began: what reports name
-  int32_t line;      // running line counter
+  const char* name;            // not owned; printed only where nameInReports is set
+  bool nameInReports = false;  // an archive's scanner: "at line N of "name""
+  int32_t lastline;            // the line where the latest scan began: what reports name
+  int32_t line;                // running line counter
   int16_t thistoke;
   int32_t intvalue;
   float floatvalue;

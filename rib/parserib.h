@@ -10,6 +10,7 @@
 #include "foundation/String.h"
 #include "rib/bytesource.h"
 #include "rib/lexanrib.h"
+#include "rib/readeroptions.h"
 
 class tokenvalue;
 
@@ -70,7 +71,7 @@ class parserib {
   static constexpr int kRequestCount = 93;
   static constexpr uint16_t kBuckets = 111;
 
-  explicit parserib(bytesource& in, const char* name = "stdin");
+  explicit parserib(bytesource& in, const char* name = "stdin", readeroptions options = {});
   parserib(const parserib&) = delete;
   parserib& operator=(const parserib&) = delete;
   virtual ~parserib();
@@ -123,8 +124,25 @@ class parserib {
   Hash<handle_assoc> objects;
   uint16_t lastlight = 0;
   uint16_t lastobject = 0;
+  const readeroptions options;
+
+ protected:
+  // Whether the current token is one that match(int32_t&) takes.
+  bool integerAhead() const {
+    int32_t v;
+    return token == LEXINT || wholeFloat(v);
+  }
+  // The reader of a stream played inside another reader's (an archive): a
+  // scanner of its own and nothing else until handOver gives it the state.
+  parserib(bytesource& in, const char* name, const parserib& outer);
+  // Passes the reading state (request table, light and object numbers,
+  // colour samples, basis steps) to `to`, which reads on with it.
+  void handOver(parserib& to);
 
  private:
+  // A whole float read where an integer is wanted, in the extended reader:
+  // binary writers send integers as floats. False for any other token.
+  bool wholeFloat(int32_t& v) const;
   const keyword_assoc* lookupCurrentWord() const;
   // Reports "Expected ..." (code 16), runs panic and returns 0.
   int16_t expected(const char* what);
@@ -133,6 +151,8 @@ class parserib {
   void report(const RIBException& e);
   void recover();
   void guardedStatement();
+  template <typename T>
+  bool admits() const;
   template <typename T>
   int32_t matchArray(Array<T>& a, int32_t n, int16_t bracketed);
   template <typename T>

@@ -14,6 +14,8 @@ bool takeOption(const std::string& arg, options& o) {
     o.help = true;
   } else if (arg == "--version") {
     o.version = true;
+  } else if (arg == "-x" || arg == "--extended") {
+    o.extended = true;
   } else if (arg == "--parse-only") {
     o.parseOnly = true;
   } else {
@@ -71,6 +73,9 @@ const char* helptext() {
          "\n"
          "Options:\n"
          "  -q, --quiet       do not print the final status line\n"
+         "  -x, --extended    read the forms of later RIB versions too: ReadArchive and\n"
+         "                    inline archives, string light and object handles, inline\n"
+         "                    declarations, procedurals kept as written\n"
          "      --parse-only  read and check everything, but write no scene file\n"
          "                    (takes no OUTPUT)\n"
          "  -h, --help        show this help and exit\n"

@@ -8,6 +8,7 @@ struct options {
   std::string output;  // filled in from INPUT when not given
   bool quiet = false;
   bool parseOnly = false;
+  bool extended = false;
   bool help = false;
   bool version = false;
 };

@@ -1,0 +1,116 @@
+// The extended reader's table of requests, its stepping through archives, and
+// the classic requests it reads more widely.
+#include "rib/requests/extendedrib.h"
+
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "interface/ri.h"
+#include "rib/requests/archivestate.h"
+
+namespace {
+
+// The protocol version of the newest forms this reader knows.
+constexpr double kVersion = 3.04;
+
+struct extendedrequest {
+  const char* word;
+  void (extendedrib::*handler)();
+};
+
+// The requests that only the extended reader knows. A new one is a row here
+// and its handler.
+const extendedrequest kRequests[] = {
+    {"ReadArchive", &extendedrib::ReadArchive}, {"ArchiveBegin", &extendedrib::ArchiveBegin},
+    {"ArchiveEnd", &extendedrib::ArchiveEnd},   {"Procedural", &extendedrib::Procedural},
+    {"Procedural2", &extendedrib::Procedural2}, {"System", &extendedrib::System},
+};
+
+std::string identityOf(const std::string& path) {
+  std::error_code ec;
+  std::filesystem::path canonical = std::filesystem::weakly_canonical(path, ec);
+  return ec ? path : canonical.string();
+}
+
+}  // namespace
+
+extendedrib::extendedrib(bytesource& in, const char* name, std::string folder,
+                         archiveopener* opener)
+    : rendrib(in, name, readeroptions{true}),
+      own_(std::make_unique<archivestate>()),
+      state_(own_.get()),
+      folder_(std::move(folder)) {
+  state_->opener = opener;
+  state_->outermost = this;
+  std::error_code ec;
+  if (opener && std::filesystem::is_regular_file(name, ec)) identity_ = identityOf(name);
+  addRequests();
+}
+
+extendedrib::extendedrib(bytesource& in, const char* name, std::string folder, std::string identity,
+                         extendedrib& outer)
+    : rendrib(in, name, outer),
+      state_(outer.state_),
+      folder_(std::move(folder)),
+      identity_(std::move(identity)),
+      name_(name) {
+  lex.name = name_.c_str();
+  lex.nameInReports = true;
+}
+
+extendedrib::~extendedrib() = default;
+
+void extendedrib::addRequests() {
+  for (const extendedrequest& r : kRequests) {
+    keywords.add({String(r.word), static_cast<handler_t>(r.handler)});
+  }
+}
+
+// The outermost reader steps the innermost archive; an archive read to its
+// end gives the state back once the archives it opened have ended too.
+int16_t extendedrib::parse1() {
+  if (this != state_->outermost) return rendrib::parse1();
+  std::vector<archivestate::frame>& stack = state_->stack;
+  if (stack.empty()) return rendrib::parse1() || !stack.empty();
+  const size_t top = stack.size() - 1;
+  if (!stack[top].reader->parse1()) stack[top].ended = true;
+  while (!stack.empty() && stack.back().ended) popArchive();
+  return 1;
+}
+
+void extendedrib::parse() {
+  Begin();
+  while (parse1()) {
+  }
+  End();
+}
+
+void extendedrib::version() {
+  float v;
+  if (!match(v)) return;
+  if (v - kVersion > 0.001) lex.RIBError(11, 1, "Version %4.2f too new", static_cast<double>(v));
+}
+
+// Option "searchpath" is read here for its "archive" entry. The dictionary
+// holds no "searchpath", so, as the classic reader does with such an option,
+// nothing goes on to the Ri layer and other entries are passed over.
+void extendedrib::Option() {
+  if (token != LEXSTRING || std::strcmp(lex.text.data, "searchpath") != 0) {
+    return rendrib::Option();
+  }
+  String name;
+  match(&name);
+  while (token == LEXSTRING) {
+    String entry;
+    match(&entry);
+    if (std::strcmp(entry.c_str(), "archive") == 0 ||
+        std::strcmp(entry.c_str(), "string archive") == 0) {
+      String value;
+      if (!match(&value)) return;
+      trackSearchPath(value.c_str());
+    } else if (!skipvalue()) {
+      return;
+    }
+  }
+}
