@@ -13,6 +13,7 @@
 #include "rib/readeroptions.h"
 
 class tokenvalue;
+struct Token;
 
 // Every RIB request, in keyword-table order, which is also the order of the
 // handlers among the virtual operations. X(name) is expanded once per request;
@@ -124,6 +125,9 @@ class parserib {
   Hash<handle_assoc> objects;
   uint16_t lastlight = 0;
   uint16_t lastobject = 0;
+  // The vertices of all faces of the primitive being read, for facevarying
+  // parameters; -1: as its varying count.
+  int64_t faceVertices = -1;
   const readeroptions options;
 
  protected:
@@ -158,5 +162,15 @@ class parserib {
   template <typename T>
   int16_t checkCount(int32_t count, int32_t n, bool open);
   int16_t readValue(tokenvalue& tv, char* token, int16_t bracketed);
+  // An item count as the list keeps it: whole in the extended reader, else
+  // modulo 65,536.
+  uint32_t kept(int32_t n) const {
+    return options.extended ? static_cast<uint32_t>(n) : static_cast<uint16_t>(n);
+  }
+  // The extended reader's parameter lists (paramlist_extended.cpp).
+  Token* extendedToken(const String& name, tokenvalue& tv);
+  int16_t skipAnyValue();
+  int16_t readWide(tokenvalue& tv, char* token, int16_t bracketed);
+  int16_t readStrings(tokenvalue& tv, char* token);
   int16_t readColor(tokenvalue& tv, char* token, int16_t bracketed);
 };

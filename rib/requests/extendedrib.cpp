@@ -7,7 +7,10 @@
 #include <system_error>
 
 #include "interface/ri.h"
+#include "interface/token.h"
+#include "rib/inlinedeclaration.h"
 #include "rib/requests/archivestate.h"
+#include "rib/requests/handler_support.h"
 
 namespace {
 
@@ -84,6 +87,22 @@ void extendedrib::parse() {
   while (parse1()) {
   }
   End();
+}
+
+// The declaration grammar of later versions; a declaration it does not take
+// goes to RiDeclare, which reports it as the classic reader's does.
+void extendedrib::Declare() {
+  String name, declaration;
+  if (!matchToken(&name) || !match(&declaration)) return;
+  inlinedeclaration d;
+  if (!parseDeclaration(declaration.c_str(), false, d)) {
+    RiDeclare(ritext(name), ritext(declaration));
+    return;
+  }
+  const uint16_t code = nameCode(name.c_str());
+  if (code != 0 || find(name.c_str()) != nullptr) {
+    declare(name.c_str(), code, d.type, d.tokenClass, d.size);
+  }
 }
 
 void extendedrib::version() {

@@ -30,6 +30,7 @@ class extendedrib : public rendrib {
   void parse() override;
 
   void version() override;
+  void Declare() override;
   void Option() override;
   void LightSource() override;
   void AreaLightSource() override;

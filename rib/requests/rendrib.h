@@ -157,6 +157,8 @@ class rendrib : public parserib {
   int16_t sumCounts(const Array<int32_t>& counts, int32_t n, const char* what, int32_t& sum);
   int16_t nonNegative(int32_t value, const char* what);
   int16_t fitCount(int64_t value, int32_t& count);
+  int16_t verifyFaces(const tokenvalue& params, int32_t npolys, int32_t points,
+                      int32_t faceVertexCount);
 
   // The light and object number tables (attributes_lights.cpp).
   void registerNumber(int32_t number, uint16_t& last, const HandleWords& words);
