@@ -32,6 +32,9 @@ class TRendApp : public QApplication {
   static QIcon programIcon();
 
   void CmConvert();
+  // Convert with the input already chosen (a file dropped on the main window):
+  // asks for the output only.
+  void convertFrom(const QString& inputPath);
   void CmAbout();
 
   TRendEdit* fEdit = nullptr;  // owned by fFrame
@@ -40,6 +43,8 @@ class TRendApp : public QApplication {
   TRendFrame* fFrame = nullptr;
   // Asks for a file; the file dialogs unless a test puts its own in.
   TFileChooser fChooseFile = runFileDialog;
+  // Options, Extended RIB: off at start.
+  bool fExtended = false;
 
  private:
   void buildMenu();
