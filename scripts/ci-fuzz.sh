@@ -10,10 +10,10 @@ build=${FUZZ_BUILD_DIR:-build-fuzz}
 
 CC=clang CXX=clang++ cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DRZ_FUZZ=ON \
   -DRZ_TESTS=OFF -DRZ_GUI=OFF -DRZ_BENCH=OFF >/dev/null
-cmake --build "$build" -j"$(nproc)" --target scanner_fuzzer conversion_fuzzer
+cmake --build "$build" -j"$(nproc)" --target scanner_fuzzer conversion_fuzzer extended_fuzzer
 
 status=0
-for target in scanner conversion; do
+for target in scanner conversion extended; do
   # New inputs go to the first folder, which is the build's own; the corpus
   # and the regressions in the repository are only read.
   work=$build/corpus-$target

@@ -192,11 +192,16 @@ void extendedrib::pushArchive(std::unique_ptr<bytesource> source,
   f.source = std::move(source);
   f.text = std::move(text);
   f.scoped = scoped;
-  f.reader.reset(
-      new extendedrib(*f.source, name.c_str(), std::move(folder), std::move(identity), *this));
+  f.reader = archiveReader(*f.source, name.c_str(), std::move(folder), std::move(identity));
   if (scoped) RiAttributeBegin();
   handOver(*f.reader);
   state_->stack.push_back(std::move(f));
+}
+
+std::unique_ptr<extendedrib> extendedrib::archiveReader(bytesource& in, const char* name,
+                                                        std::string folder, std::string identity) {
+  return std::unique_ptr<extendedrib>(
+      new extendedrib(in, name, std::move(folder), std::move(identity), *this));
 }
 
 void extendedrib::popArchive() {

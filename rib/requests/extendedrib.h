@@ -46,12 +46,16 @@ class extendedrib : public rendrib {
   void Procedural2();
   void System();
 
- private:
+ protected:
   // The reader of an archive inside `outer`'s stream; `name` as the request
   // wrote it, which its reports give.
   extendedrib(bytesource& in, const char* name, std::string folder, std::string identity,
               extendedrib& outer);
+  // Makes that reader; a subclass makes readers of its own kind.
+  virtual std::unique_ptr<extendedrib> archiveReader(bytesource& in, const char* name,
+                                                     std::string folder, std::string identity);
 
+ private:
   void addRequests();
   // Archives (archives.cpp).
   void playArchive(const std::string& name, bool scoped);

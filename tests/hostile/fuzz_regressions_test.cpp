@@ -43,6 +43,7 @@ TEST(FuzzRegressions, EveryKeptInputRunsThroughTheScannerAndAConversion) {
     const auto* data = reinterpret_cast<const uint8_t*>(bytes.data());
     fuzzinput::scan(data, bytes.size());
     fuzzinput::convert(data, bytes.size());
+    fuzzinput::convertExtended(data, bytes.size());
   }
 }
 
