@@ -116,10 +116,7 @@ uint32_t parameterCount(RtToken token, const PrimitiveCounts* counts) {
     elements = counts->facevarying >= 0 ? counts->facevarying : counts->varying;
   }
   if (elements <= 0 || record->size <= 0) return 0;
-  // A string value is one element of char*, however a classic class counts it.
-  if (record->type == TypeString && record->tokenClass <= ClassVertex) {
-    return static_cast<uint32_t>(record->size);
-  }
+
   // Each factor is cut below 2^32 first, so no product overflows; what no
   // value can hold is cut to the largest count.
   constexpr int64_t most = std::numeric_limits<uint32_t>::max();

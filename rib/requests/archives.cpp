@@ -216,7 +216,9 @@ void extendedrib::popArchive() {
 }
 
 // Option "searchpath" "archive" (or "string archive") ["folder:folder"]: `&`
-// is the previous path, `@` the default, the current folder.
+// is the previous path, `@` the default, the current folder. A relative
+// folder is taken from the folder of the file that sets the path, so that a
+// scene converts the same from wherever it is converted.
 void extendedrib::trackSearchPath(const char* value) {
   std::vector<std::string> folders;
   const char* part = value;
@@ -228,7 +230,7 @@ void extendedrib::trackSearchPath(const char* value) {
     } else if (folder == "@") {
       folders.push_back(".");
     } else if (!folder.empty()) {
-      folders.push_back(folder);
+      folders.push_back((fs::path(folder_) / folder).string());
     }
     if (!end) break;
     part = end + 1;
