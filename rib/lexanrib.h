@@ -109,8 +109,11 @@ class lexanrib {
   bytesource& stream;
   const char* name;            // not owned; printed only where nameInReports is set
   bool nameInReports = false;  // an archive's scanner: "at line N of "name""
-  int32_t lastline;            // the line where the latest scan began: what reports name
-  int32_t line;                // running line counter
+  // The extended reader's: report an integer beyond 32 bits and a byte that
+  // begins no token, which the classic scanner passes over without a word.
+  bool reportLosses = false;
+  int32_t lastline;  // the line where the latest scan began: what reports name
+  int32_t line;      // running line counter
   int16_t thistoke;
   int32_t intvalue;
   float floatvalue;
@@ -175,6 +178,7 @@ class lexanrib {
   // kind. digits to end: its text after the sign, for values that the
   // mantissa cannot hold exactly.
   int16_t valuenumber(const Decimal& number, bool isfloat, const char* digits, const char* end);
+  void reportClipped();
   void scankeyword(unsigned char c);
   int scanword(unsigned char c);
 

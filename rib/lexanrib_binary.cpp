@@ -44,6 +44,7 @@ int16_t lexanrib::scanbinary(unsigned char c) {
       copytext(definedstring(scanbinlong(c - 0xCE)));
       return LEXSTRING;
     default:  // unassigned bytes end the stream
+      if (reportLosses) RIBError(10, 2, "Byte 0x%02X begins no token: the stream ends here", c);
       return LEXEOF;
   }
 }

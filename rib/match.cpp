@@ -132,6 +132,10 @@ int16_t parserib::match(String* s) {
     return 0;
   }
   lex.get(*s);
+  if (lex.text.count > String::maxLength + 1 && options.extended) {
+    lex.RIBError(12, 1, "String of %" PRIu32 " bytes cut to %zu", lex.text.count - 1,
+                 String::maxLength);
+  }
   token = lex.next();
   return bracket ? match(']') : 1;
 }

@@ -49,6 +49,7 @@ extendedrib::extendedrib(bytesource& in, const char* name, std::string folder,
   std::error_code ec;
   if (opener && std::filesystem::is_regular_file(name, ec)) identity_ = identityOf(name);
   addRequests();
+  prepareScanner();
 }
 
 extendedrib::extendedrib(bytesource& in, const char* name, std::string folder, std::string identity,
@@ -60,6 +61,20 @@ extendedrib::extendedrib(bytesource& in, const char* name, std::string folder, s
       name_(name) {
   lex.name = name_.c_str();
   lex.nameInReports = true;
+  prepareScanner();
+}
+
+// Every file may begin with a UTF-8 byte-order mark, which editors write and
+// which would otherwise read as a byte of no token, ending the stream.
+void extendedrib::prepareScanner() {
+  lex.reportLosses = true;
+  bytesource::cursor in(lex.stream);
+  // The first read may bring fewer than three bytes (the front end reads a
+  // few ahead to know the format), so the mark is matched byte by byte.
+  for (const unsigned char mark : {0xEF, 0xBB, 0xBF}) {
+    if (in.eof() || *in.peek() != mark) return;
+    in.take(1);
+  }
 }
 
 extendedrib::~extendedrib() = default;

@@ -57,6 +57,7 @@ class extendedrib : public rendrib {
 
  private:
   void addRequests();
+  void prepareScanner();
   // Archives (archives.cpp).
   void playArchive(const std::string& name, bool scoped);
   bool playInline(const std::string& name, bool scoped);
