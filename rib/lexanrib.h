@@ -179,6 +179,9 @@ class lexanrib {
   // mantissa cannot hold exactly.
   int16_t valuenumber(const Decimal& number, bool isfloat, const char* digits, const char* end);
   void reportClipped();
+  // Reports, in the extended reader, a binary token that the end of the
+  // stream cut short.
+  void noteCut();
   void scankeyword(unsigned char c);
   int scanword(unsigned char c);
 

@@ -260,6 +260,11 @@ TEST(Extended, NothingIsLostWithoutAWord) {
        {"RIB error: invalid binary token at line 1 '1': Byte 0xE9 begins no token: the stream ends "
         "here"},
        "{\"op\":\"Backface\",\"args\":[1]}"},
+      {std::string("Sides 1 Sides \x83\x00\x02", 16),
+       {"RIB error: malformed binary encoding at line 1 'Sides': A binary token is cut short by "
+        "the "
+        "end of the stream"},
+       "{\"op\":\"Backface\",\"args\":[1]}"},
       {"Attribute \"identifier\" \"name\" \"" + std::string(70000, 'a') + "\"\n",
        {"RIB warning: overflowing an internal limit at line 1: String of 70000 bytes cut to 65535"},
        "{\"op\":\"ObjectName\",\"args\":[\"aaaa"},
