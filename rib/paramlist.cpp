@@ -57,6 +57,7 @@ std::string alternatives(const Array<char*>& required) {
 }  // namespace
 
 int16_t parserib::match(tokenvalue& tv, int16_t bracketed) {
+  tv.whole = options.extended;
   String name;
   while (token == LEXSTRING) {
     match(&name);

@@ -32,4 +32,5 @@ class tokenvalue {
   Array<void*> values;    // exact-size buffers, owned, released with delete[]
   Array<uint32_t> sizes;  // items per value in units of its type (classic: modulo 65,536)
   std::vector<std::unique_ptr<Token>> declared;  // the records kept
+  bool whole = false;  // read by the extended reader: its count is not cut to 16 bits
 };
