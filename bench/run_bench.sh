@@ -8,13 +8,14 @@ set -euo pipefail
 
 usage() {
   cat <<'TEXT'
-Usage: bench/run_bench.sh [--size-mb N] [--runs N] [--build DIR] [--work DIR] [--keep]
+Usage: bench/run_bench.sh [--size-mb N] [--runs N] [--build DIR] [--work DIR] [--keep] [--extended]
   --size-mb N  size of the generated ASCII workload in MB (default 200)
   --runs N     timed runs per case; the median is shown (default 3)
   --build DIR  build directory holding rib2zel, rib2bin and runstat (default
                build/); the three targets are built there first
   --work DIR   where the workload and the scene files go (default DIR/bench-work)
   --keep       keep the scene files written by the last runs
+  --extended   convert with the extended reader (rib2zel --extended)
 TEXT
 }
 
@@ -24,6 +25,7 @@ runs=3
 build=$repo/build
 work=""
 keep=0
+reader=()
 while [ $# -gt 0 ]; do
   case "$1" in
     --size-mb) size=$2; shift 2 ;;
@@ -31,6 +33,7 @@ while [ $# -gt 0 ]; do
     --build) build=$2; shift 2 ;;
     --work) work=$2; shift 2 ;;
     --keep) keep=1; shift ;;
+    --extended) reader=(--extended); shift ;;
     -h|--help) usage; exit 0 ;;
     *) echo "run_bench: unknown argument '$1'" >&2; usage >&2; exit 2 ;;
   esac
@@ -123,11 +126,11 @@ run_case() {  # label, input, command...
 # `cat` first: it also brings both files into the page cache.
 run_case "cat ASCII" "$ascii" cat "$ascii"
 run_case "cat binary" "$binary" cat "$binary"
-run_case "rib2zel ASCII" "$ascii" "$rib2zel" -q "$ascii" "$work/ascii.zel"
-run_case "rib2zel binary" "$binary" "$rib2zel" -q "$binary" "$work/binary.zel"
+run_case "rib2zel ASCII" "$ascii" "$rib2zel" "${reader[@]}" -q "$ascii" "$work/ascii.zel"
+run_case "rib2zel binary" "$binary" "$rib2zel" "${reader[@]}" -q "$binary" "$work/binary.zel"
 if "$rib2zel" --help 2>/dev/null | grep -q -- '--parse-only'; then
-  run_case "parse-only ASCII" "$ascii" "$rib2zel" -q --parse-only "$ascii"
-  run_case "parse-only binary" "$binary" "$rib2zel" -q --parse-only "$binary"
+  run_case "parse-only ASCII" "$ascii" "$rib2zel" "${reader[@]}" -q --parse-only "$ascii"
+  run_case "parse-only binary" "$binary" "$rib2zel" "${reader[@]}" -q --parse-only "$binary"
 else
   echo "parse-only: skipped (this rib2zel has no --parse-only)"
 fi

@@ -3,10 +3,12 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 
 #include "frontend/gzipbytesource.h"
 #include "interface/error.h"
 #include "interface/scene/zel.h"
+#include "rib/requests/extendedrib.h"
 #include "rib/requests/rendrib.h"
 #include "zel/zellib.h"
 
@@ -53,16 +55,17 @@ bool conversion::open() {
   setMessageSink(&conversion::printMessage);
   zelSetMessageSink(&conversion::printMessage);
   setAbortFlush(flushBeforeAbort);
+  zelSetReader(request_.extended ? "extended" : nullptr);
   inputfile::stopcheck stop;
   if (request_.stop) stop = [this] { return stopAsked(); };
+  archives_.stopWith(stop);
   if (!input_.open(request_.input, stop)) {
     fail("Unable to open input file " + describeInput(request_.input) + ": " + input_.problem());
     return false;
   }
   if (!openOutput()) return false;
   makeSource();
-  const char* name = request_.input == "-" ? "stdin" : request_.input.c_str();
-  rib_ = std::make_unique<rendrib>(*source_, name);
+  makeReader();
   rib_->errorPrinter(&conversion::printLog);
   phase_ = phase::running;
   return true;
@@ -111,6 +114,18 @@ void conversion::makeSource() {
   } else {
     source_ = std::make_unique<plainbytesource>(input_);
   }
+}
+
+// Archives named by standard input are found from the current folder.
+void conversion::makeReader() {
+  const bool stdinput = request_.input == "-";
+  const char* name = stdinput ? "stdin" : request_.input.c_str();
+  if (!request_.extended) {
+    rib_ = std::make_unique<rendrib>(*source_, name);
+    return;
+  }
+  std::string folder = stdinput ? "" : std::filesystem::path(request_.input).parent_path().string();
+  rib_ = std::make_unique<extendedrib>(*source_, name, std::move(folder), &archives_);
 }
 
 bool conversion::step() {

@@ -15,6 +15,7 @@
 #include <memory>
 #include <string>
 
+#include "frontend/archivefiles.h"
 #include "frontend/inputfile.h"
 
 class bytesource;
@@ -29,6 +30,7 @@ class conversion {
     std::string input;          // a path, or "-" for standard input
     std::string output;         // a path, or "-" for standard output; unused when parseOnly
     bool parseOnly = false;     // run every layer and check, but format no scene
+    bool extended = false;      // read the forms of later RIB versions (extendedrib)
     linesink log;               // RIB messages (line and token); they decide the status
     linesink messages;          // messages of the Ri layer and of the scene library
     inputfile::stopcheck stop;  // asked before each block of input whether to end there
@@ -83,6 +85,7 @@ class conversion {
  private:
   bool openOutput();
   void makeSource();
+  void makeReader();
   void finish();
   void end(phase how);
   void fail(const std::string& message);
@@ -98,6 +101,7 @@ class conversion {
   inputfile input_;
   std::unique_ptr<bytesource> source_;
   gzipbytesource* gzip_ = nullptr;  // source_ when the input is compressed
+  archivefiles archives_;
   std::unique_ptr<rendrib> rib_;
 
   static conversion* open_;

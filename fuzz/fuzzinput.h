@@ -16,6 +16,7 @@
 #include "interface/ri.h"
 #include "rib/bytesource.h"
 #include "rib/lexanrib.h"
+#include "rib/requests/extendedrib.h"
 #include "rib/requests/rendrib.h"
 #include "zel/zellib.h"
 
@@ -58,24 +59,44 @@ inline void scan(const uint8_t* data, size_t size) {
 // the request has switched the two error paths, and before anything else can
 // be reported, they are put back to printing, so that only a real fault ends
 // a run.
-class fuzzrib : public rendrib {
+template <class Reader>
+class noabort : public Reader {
  public:
-  using rendrib::rendrib;
+  using Reader::Reader;
   void ErrorHandler() override {
-    rendrib::ErrorHandler();
-    if (lex.RIBErrorHandler == &lexanrib::RIBErrorAbort)
-      lex.RIBErrorHandler = &lexanrib::RIBErrorPrint;
+    Reader::ErrorHandler();
+    if (this->lex.RIBErrorHandler == &lexanrib::RIBErrorAbort)
+      this->lex.RIBErrorHandler = &lexanrib::RIBErrorPrint;
     if (Error::fHandler == RiErrorAbort) RiErrorHandler(RiErrorPrint);
+  }
+};
+using fuzzrib = noabort<rendrib>;
+
+// The extended reader, whose archives are read by readers of the same kind.
+// It opens no file: only inline archives are played.
+class fuzzextended : public noabort<extendedrib> {
+ public:
+  explicit fuzzextended(bytesource& in) : noabort<extendedrib>(in, "fuzz", "", nullptr) {}
+
+ private:
+  fuzzextended(bytesource& in, const char* name, std::string folder, std::string identity,
+               extendedrib& outer)
+      : noabort<extendedrib>(in, name, std::move(folder), std::move(identity), outer) {}
+  std::unique_ptr<extendedrib> archiveReader(bytesource& in, const char* name, std::string folder,
+                                             std::string identity) override {
+    return std::unique_ptr<extendedrib>(
+        new fuzzextended(in, name, std::move(folder), std::move(identity), *this));
   }
 };
 
 // A whole conversion: every statement through parse1, the Ri layer and the
 // scene library, which formats every record and drops it.
-inline void convert(bytesource& in) {
+template <class Reader, class... Args>
+void convertWith(bytesource& in, Args... args) {
   setMessageSink(discard);
   zelSetMessageSink(discard);
   zelDiscardOutput();
-  fuzzrib rib(in, "fuzz");
+  Reader rib(in, args...);
   rib.errorPrinter(discard);
   while (rib.parse1()) {
   }
@@ -84,7 +105,13 @@ inline void convert(bytesource& in) {
 
 inline void convert(const uint8_t* data, size_t size) {
   memorybytesource in(data, size);
-  convert(in);
+  convertWith<fuzzrib>(in, "fuzz");
+}
+
+// The same through the extended reader.
+inline void convertExtended(const uint8_t* data, size_t size) {
+  memorybytesource in(data, size);
+  convertWith<fuzzextended>(in);
 }
 
 // Decompressed text beyond this is not read: a megabyte can expand a
@@ -123,7 +150,7 @@ inline void convertgzip(const uint8_t* data, size_t size) {
   close(fd);
   if (!opened) __builtin_trap();
   cappedgzip in(file);
-  convert(in);
+  convertWith<fuzzrib>(in, "fuzz");
 }
 
 }  // namespace fuzzinput

@@ -175,6 +175,20 @@ RtVoid RiTorusV(RtFloat majorradius, RtFloat minorradius, RtFloat phimin, RtFloa
 
 RtVoid RiProcedural(RtPointer data, RtBound bound, RtVoid (*subdivfunc)(RtPointer, RtFloat),
                     RtVoid (*freefunc)(RtPointer));
+// The standard generators a Procedural call may name, with their data: an
+// array of two strings (program or library, and its arguments) for
+// RiProcRunProgram and RiProcDynamicLoad, of one (the file) for
+// RiProcDelayedReadArchive. This layer expands no procedural: it hands the
+// call to the scene as it stands, and the three do nothing when called.
+RtVoid RiProcDelayedReadArchive(RtPointer data, RtFloat detail);
+RtVoid RiProcRunProgram(RtPointer data, RtFloat detail);
+RtVoid RiProcDynamicLoad(RtPointer data, RtFloat detail);
+RtVoid RiProcFree(RtPointer data);
+// A generator named by text, with its parameter list; kept, not expanded.
+RtVoid RiProcedural2V(RtToken generator, RtToken bounder, RtInt n, RtToken tokens[],
+                      RtPointer values[]);
+// A command for the renderer's shell; kept in the scene, never run.
+RtVoid RiSystem(RtString command);
 RtVoid RiGeometry(RtToken type, ...);
 RtVoid RiGeometryV(RtToken type, RtInt n, RtToken tokens[], RtPointer values[]);
 

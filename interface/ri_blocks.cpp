@@ -4,12 +4,56 @@
 // solid block goes through as plain geometry, and of a motion block only the
 // first motion-sensitive call takes effect (see motionGate).
 #include "interface/ri_internal.h"
+#include "interface/ri_paramcounts.h"
 #include "interface/scene/zel.h"
 #include "interface/token.h"
 
+RtVoid RiProcDelayedReadArchive(RtPointer, RtFloat) {}
+RtVoid RiProcRunProgram(RtPointer, RtFloat) {}
+RtVoid RiProcDynamicLoad(RtPointer, RtFloat) {}
+RtVoid RiProcFree(RtPointer) {}
+
+namespace {
+
+struct StandardGenerator {
+  const char* name;
+  RtVoid (*subdivfunc)(RtPointer, RtFloat);
+  int32_t strings;  // in its data
+};
+
+const StandardGenerator kGenerators[] = {
+    {"DelayedReadArchive", RiProcDelayedReadArchive, 1},
+    {"RunProgram", RiProcRunProgram, 2},
+    {"DynamicLoad", RiProcDynamicLoad, 2},
+};
+
+}  // namespace
+
+// The data of a standard generator is known, so its strings go to the scene;
+// of any other only that it was there.
 RtVoid RiProcedural(RtPointer data, RtBound bound, RtVoid (*subdivfunc)(RtPointer, RtFloat),
                     RtVoid (*freefunc)(RtPointer)) {
-  if (motionGate()) _zelProcedural(data, bound, subdivfunc, freefunc);
+  if (!motionGate()) return;
+  for (const StandardGenerator& g : kGenerators) {
+    if (subdivfunc == g.subdivfunc && data != nullptr) {
+      _zelStandardProcedural(g.name, g.strings, static_cast<const char* const*>(data), bound);
+      return;
+    }
+  }
+  _zelProcedural(data, bound, subdivfunc, freefunc);
+}
+
+RtVoid RiProcedural2V(RtToken generator, RtToken bounder, RtInt n, RtToken tokens[],
+                      RtPointer values[]) {
+  if (!motionGate()) return;
+  NamedCall named("RiProcedural2V");
+  auto codes = tokenCodes(n, tokens);
+  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  _zelProcedural2V(printableName(generator), printableName(bounder), n, codes.get(), values);
+}
+
+RtVoid RiSystem(RtString command) {
+  _zelSystem(command);
 }
 
 // No geometry type reaches the scene; the name is only looked up.

@@ -60,13 +60,13 @@ PrimitiveCounts generalPolygonCounts(RtInt nloops, const RtInt nverts[]) {
 
 PrimitiveCounts pointsPolygonsCounts(RtInt npolys, const RtInt nverts[], const RtInt verts[]) {
   int64_t points = highest(verts, sum(nverts, npolys)) + 1;
-  return {npolys, points, points};
+  return {npolys, points, points, sum(nverts, npolys)};
 }
 
 PrimitiveCounts pointsGeneralPolygonsCounts(RtInt npolys, const RtInt nloops[],
                                             const RtInt nverts[], const RtInt verts[]) {
   int64_t points = highest(verts, sum(nverts, sum(nloops, npolys))) + 1;
-  return {npolys, points, points};
+  return {npolys, points, points, sum(nverts, sum(nloops, npolys))};
 }
 
 PrimitiveCounts patchCounts(RtToken type) {
@@ -112,14 +112,16 @@ uint32_t parameterCount(RtToken token, const PrimitiveCounts* counts) {
   if (counts && record->tokenClass == ClassUniform) elements = counts->uniform;
   if (counts && record->tokenClass == ClassVarying) elements = counts->varying;
   if (counts && record->tokenClass == ClassVertex) elements = counts->vertex;
+  if (counts && (record->tokenClass == ClassFaceVarying || record->tokenClass == ClassFaceVertex)) {
+    elements = counts->facevarying >= 0 ? counts->facevarying : counts->varying;
+  }
   if (elements <= 0 || record->size <= 0) return 0;
-  // A string value is one char*, however the class counts it.
-  if (record->type == TypeString) return 1;
+
   // Each factor is cut below 2^32 first, so no product overflows; what no
   // value can hold is cut to the largest count.
   constexpr int64_t most = std::numeric_limits<uint32_t>::max();
   int64_t scalars = std::min(elements, most) * record->size;
-  if (record->type == TypePoint || record->type == TypeColor) scalars = std::min(scalars, most) * 3;
+  scalars = std::min(scalars, most) * floatsPerItem(record->type);
   return static_cast<uint32_t>(std::min(scalars, most));
 }
 

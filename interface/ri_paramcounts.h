@@ -21,6 +21,7 @@ struct PrimitiveCounts {
   int64_t uniform;
   int64_t varying;
   int64_t vertex;
+  int64_t facevarying = -1;  // the vertices of all faces; -1: as varying
 };
 
 PrimitiveCounts polygonCounts(RtInt nverts);

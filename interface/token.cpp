@@ -77,11 +77,35 @@ Token* declare(const char* name, uint16_t code, RiTokenType type, RiTokenClass t
                int32_t size) {
   if (Token* existing = find(name)) return existing;
   if (type != TypeNone && tokenClass == ClassNone) tokenClass = ClassUniform;
-  // Integers and strings have one value per primitive whatever was declared.
-  if (type == TypeInteger || type == TypeString) tokenClass = ClassUniform;
+  // Integers and strings have one value per primitive whatever classic class
+  // was declared.
+  if ((type == TypeInteger || type == TypeString) && tokenClass <= ClassVertex) {
+    tokenClass = ClassUniform;
+  }
   Token record(nameText(name), code, type, tokenClass, size);
   gTokens->add(record);
   return gTokens->find(record);
+}
+
+int32_t floatsPerItem(RiTokenType type) {
+  switch (type) {
+    case TypePoint:
+    case TypeColor:
+    case TypeVector:
+    case TypeNormal:
+      return 3;
+    case TypeHPoint:
+      return 4;
+    case TypeMatrix:
+      return 16;
+    default:
+      return 1;
+  }
+}
+
+uint16_t nameCode(const char* name) {
+  if (const Token* record = find(name)) return record->code;
+  return static_cast<uint16_t>(_zelQuark(nameText(name)));
 }
 
 RtToken RiDeclare(char* name, char* declaration) {

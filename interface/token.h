@@ -25,6 +25,12 @@ enum RiTokenType : int32_t {
   TypeString = 3,
   TypePoint = 4,
   TypeColor = 5,
+  // Of later versions of the interface: three floats per item for vector and
+  // normal, four for hpoint, sixteen for matrix.
+  TypeVector = 6,
+  TypeNormal = 7,
+  TypeHPoint = 8,
+  TypeMatrix = 9,
 };
 
 // How many values a parameter holds.
@@ -33,7 +39,16 @@ enum RiTokenClass : int32_t {
   ClassUniform = 1,
   ClassVarying = 2,
   ClassVertex = 3,
+  // Of later versions: one value per primitive, and one per vertex of each
+  // face (the varying count for primitives without faces).
+  ClassConstant = 4,
+  ClassFaceVarying = 5,
+  ClassFaceVertex = 6,
 };
+
+// Floats per item of a value of the type: 3 for point, vector, normal and
+// colour, 4 for hpoint, 16 for matrix, 1 for the rest.
+int32_t floatsPerItem(RiTokenType type);
 
 // A record of the dictionary. `marker` must stay the first member, with
 // nothing before it, so that a char* to the record reads 0xFF.
@@ -65,6 +80,11 @@ Token* declare(const char* name, uint16_t code, RiTokenType type, RiTokenClass t
 // with `full` also "vertex" and a "[n]" size) and calls the typed form. Returns 0
 // after reporting code 47 for a bad declaration.
 Token* declare(const char* name, uint16_t code, const char* declaration, int16_t full);
+
+// The code of a name: its record's when declared, else the scene library's
+// code for the text; 0 when the library has none left. For a record made for one use of a name (an
+// inline declaration).
+uint16_t nameCode(const char* name);
 
 // The record for a name or record pointer, or 0. Silent.
 Token* find(const char* token);

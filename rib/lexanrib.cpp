@@ -67,7 +67,7 @@ constexpr size_t kExactIntDigits = 9;
 // first. The scanner's hottest loop, so it is built into both of its callers.
 __attribute__((always_inline)) inline int lexanrib::scanword(unsigned char c) {
   bytesource::cursor in(stream);
-  TextCursor out(text);
+  TextCursor out(*this);
   int stop = -1;
   for (;;) {
     if (is(c, kWordEnd)) {
@@ -266,14 +266,14 @@ void lexanrib::scanstringbody() {
     }
     if (c != '\\') {
       newline();
-      TextCursor(text).end();
+      TextCursor(*this).end();
       throw exception(16, 2, "String runs past end of line");
     }
     int byte = scanescape();
     if (byte == kEscapeEnded) break;
-    if (byte != kEscapeNothing) TextCursor(text).push(static_cast<char>(byte));
+    if (byte != kEscapeNothing) TextCursor(*this).push(static_cast<char>(byte));
   }
-  TextCursor(text).end();
+  TextCursor(*this).end();
   if (!closed) RIBError(16, 2, "Unterminated string");
 }
 
@@ -282,7 +282,7 @@ void lexanrib::scanstringbody() {
 // Bytes beyond what text holds are read on and dropped.
 int lexanrib::scanplain() {
   bytesource::cursor in(stream);
-  TextCursor out(text);
+  TextCursor out(*this);
   unsigned char c;
   while (in.get(c)) {
     if (is(c, kStringStop)) return c;

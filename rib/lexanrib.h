@@ -116,14 +116,19 @@ class lexanrib {
 
   ErrorHandler RIBErrorHandler;
   bytesource& stream;
-  const char* name;   // not owned; no message prints it
+  const char* name;            // not owned; printed only where nameInReports is set
+  bool nameInReports = false;  // an archive's scanner: "at line N of "name""
+  // The extended reader's: report an integer beyond 32 bits and a byte that
+  // begins no token, which the classic scanner passes over without a word.
+  bool reportLosses = false;
   uint32_t lastline;  // the line where the latest scan began: what reports name
   uint32_t line;      // running line counter, held at kLastLine
   int16_t thistoke;
   int32_t intvalue;
   float floatvalue;
   Array<char> text;  // last string, keyword or ASCII number, NUL-terminated, cut at kTextLimit
-  Array<String> requests;  // binary request-code definitions
+  uint64_t textdropped = 0;  // bytes of that token beyond what text holds
+  Array<String> requests;    // binary request-code definitions
   // Binary string-index definitions. The array reaches a little past the
   // highest index defined so far; an index far beyond it goes to the map, so
   // that a definition costs memory in proportion to its own text, whatever
@@ -163,16 +168,24 @@ class lexanrib {
     uint32_t cap_;
   };
   // AppendCursor for text, which holds at most kTextLimit - 1 bytes before
-  // the terminator: push takes nothing beyond them and returns false; end
-  // always finds room for the terminator.
+  // the terminator: push takes nothing beyond them, counts them in
+  // textdropped and returns false; end always finds room for the terminator.
+  // A cursor on empty text begins a token, whose count of dropped bytes
+  // starts afresh.
   class TextCursor {
    public:
-    explicit TextCursor(Array<char>& a) : a_(a), d_(a.data), n_(a.count), room_(roomIn(a)) {}
+    explicit TextCursor(lexanrib& lex)
+        : a_(lex.text), dropped_(lex.textdropped), d_(a_.data), n_(a_.count), room_(roomIn(a_)) {
+      if (n_ == 0) dropped_ = 0;
+    }
     TextCursor(const TextCursor&) = delete;
     TextCursor& operator=(const TextCursor&) = delete;
     ~TextCursor() { a_.count = n_; }
     bool push(char c) {
-      if (n_ == room_ && !spill()) return false;
+      if (n_ == room_ && !spill()) {
+        ++dropped_;
+        return false;
+      }
       d_[n_++] = c;
       return true;
     }
@@ -197,6 +210,7 @@ class lexanrib {
       room_ = roomIn(a_);
     }
     Array<char>& a_;
+    uint64_t& dropped_;
     char* d_;
     uint32_t n_;
     uint32_t room_;
@@ -226,6 +240,10 @@ class lexanrib {
   // kind. digits to end: its text after the sign, for values that the
   // mantissa cannot hold exactly.
   int16_t valuenumber(const Decimal& number, bool isfloat, const char* digits, const char* end);
+  void reportClipped();
+  // Reports, in the extended reader, a binary token that the end of the
+  // stream cut short.
+  void noteCut();
   void scankeyword(unsigned char c);
   int scanword(unsigned char c);
   // Reads the rest of a word that filled text, handing each byte to take

@@ -23,7 +23,10 @@ int16_t lexanrib::scanbinary(unsigned char c) {
       return scanbindouble(c);
     case 0xA6: {
       unsigned char code;
-      if (!stream.get(code)) return LEXEOF;  // cut off before its code: nothing to name
+      if (!stream.get(code)) {  // cut off before its code: nothing to name
+        noteCut();
+        return LEXEOF;
+      }
       copytext(code < requests.count ? &requests.data[code] : nullptr);
       return LEXKEYWORD;
     }
@@ -44,6 +47,7 @@ int16_t lexanrib::scanbinary(unsigned char c) {
       copytext(definedstring(scanbinlong(c - 0xCE)));
       return LEXSTRING;
     default:  // unassigned bytes end the stream
+      if (reportLosses) RIBError(10, 2, "Byte 0x%02X begins no token: the stream ends here", c);
       return LEXEOF;
   }
 }
@@ -61,26 +65,38 @@ uint32_t bigEndian4(const unsigned char* at) {
   return uint32_t{at[0]} << 24 | uint32_t{at[1]} << 16 | uint32_t{at[2]} << 8 | at[3];
 }
 
-// A read that fails adds nothing, so a cut stream gives a short value.
-[[gnu::noinline]] uint32_t takeBytesOneByOne(bytesource::cursor& in, unsigned n) {
+// A read that fails adds nothing, so a cut stream gives a short value; `cut`
+// is set then.
+[[gnu::noinline]] uint32_t takeBytesOneByOne(bytesource::cursor& in, unsigned n, bool& cut) {
   uint32_t value = 0;
   for (; n > 0; --n) {
     unsigned char b;
-    if (in.get(b)) value = value * 256 + b;
+    if (in.get(b)) {
+      value = value * 256 + b;
+    } else {
+      cut = true;
+    }
   }
   return value;
 }
 
-inline uint32_t takeBytes(bytesource::cursor& in, unsigned n) {
+inline uint32_t takeBytes(bytesource::cursor& in, unsigned n, bool& cut) {
   if (in.buffered() >= n) return bigEndian(in.take(n), n);
-  return takeBytesOneByOne(in, n);
+  return takeBytesOneByOne(in, n, cut);
 }
 
 }  // namespace
 
+void lexanrib::noteCut() {
+  if (reportLosses) RIBError(14, 2, "A binary token is cut short by the end of the stream");
+}
+
 uint32_t lexanrib::scanbinlong(uint16_t n) {
   bytesource::cursor in(stream);
-  return takeBytes(in, n);
+  bool cut = false;
+  const uint32_t value = takeBytes(in, n, cut);
+  if (cut) noteCut();
+  return value;
 }
 
 // 1000ddww: w + 1 value bytes, d of them (or more) fraction bytes.
@@ -93,7 +109,9 @@ int16_t lexanrib::scanbinnumber(unsigned char c) {
     intvalue = static_cast<int32_t>(bigEndian4(in.peek()) >> (8 * (3 - width)));
     in.take(width + 1);
   } else {
-    intvalue = static_cast<int32_t>(takeBytes(in, width + 1));
+    bool cut = false;
+    intvalue = static_cast<int32_t>(takeBytes(in, width + 1, cut));
+    if (cut) noteCut();
   }
   if (fraction == 0) return LEXINT;
   // Dividing by a power of two is exact in double; the narrowing rounds once.
@@ -106,13 +124,14 @@ int16_t lexanrib::scanbinnumber(unsigned char c) {
 int16_t lexanrib::scanbinstring(unsigned char c) {
   uint32_t length = c < 0xA0 ? c - 0x90u : scanbinlong(static_cast<uint16_t>(c - 0x9F));
   text.count = 0;
-  TextCursor out(text);
+  TextCursor out(*this);
   unsigned char b;
   while (length > 0 && stream.get(b)) {
     out.push(b);
     --length;
   }
   out.end();
+  if (length > 0) noteCut();
   return LEXSTRING;
 }
 
@@ -133,6 +152,7 @@ int16_t lexanrib::scanbindouble(unsigned char) {
 int16_t lexanrib::scanbinfloats(unsigned char c) {
   uint32_t count = scanbinlong(static_cast<uint16_t>(c - 0xC7));
   floats.count = 0;
+  bool cut = false;
   {
     bytesource::cursor in(stream);
     AppendCursor<float> out(floats);
@@ -141,7 +161,7 @@ int16_t lexanrib::scanbinfloats(unsigned char c) {
       // The floats the block holds whole are taken in one run.
       const uint32_t run = static_cast<uint32_t>(std::min<size_t>(count - i, in.buffered() / 4));
       if (run == 0) {
-        out.push(std::bit_cast<float>(takeBytes(in, 4)));
+        out.push(std::bit_cast<float>(takeBytes(in, 4, cut)));
         ++i;
         continue;
       }
@@ -149,7 +169,9 @@ int16_t lexanrib::scanbinfloats(unsigned char c) {
       for (uint32_t k = 0; k < run; ++k) out.push(std::bit_cast<float>(bigEndian4(at + 4 * k)));
       i += run;
     }
+    cut = cut || i < count;
   }
+  if (cut) noteCut();
   floatindex = 0;
   infloats = 1;
   return '[';
@@ -159,7 +181,7 @@ int16_t lexanrib::scanbinfloats(unsigned char c) {
 // or a quoted one, as other programs' writers produce it.
 void lexanrib::definerequest() {
   unsigned char code, b;
-  if (!stream.get(code) || !stream.get(b)) return;
+  if (!stream.get(code) || !stream.get(b)) return noteCut();
   if (b >= 0x90 && b <= 0xA3) {
     scanbinstring(b);
   } else if (b == '"') {
@@ -177,7 +199,7 @@ void lexanrib::definerequest() {
 void lexanrib::definestring(unsigned char c) {
   uint32_t index = scanbinlong(static_cast<uint16_t>(c - 0xCC));
   unsigned char b;
-  if (!stream.get(b)) return;
+  if (!stream.get(b)) return noteCut();
   if (b & 0x80) {
     if (b < 0x90 || b > 0xA3) {
       stream.putback(b);
@@ -209,7 +231,7 @@ const String* lexanrib::definedstring(uint32_t index) const {
 // An index never defined (a null s) reads as an empty text.
 void lexanrib::copytext(const String* s) {
   text.count = 0;
-  TextCursor out(text);
+  TextCursor out(*this);
   if (s) {
     for (uint16_t i = 0; i < s->size(); ++i) out.push(static_cast<unsigned char>(s->c_str()[i]));
   }

@@ -6,6 +6,8 @@
 // two exact values by a power of ten, rounded once, which is much cheaper
 // than the general conversion and gives the same result.
 #include <charconv>
+#include <cstdint>
+#include <cstdlib>
 #include <limits>
 
 #include "rib/lexanrib.h"
@@ -128,5 +130,14 @@ int16_t lexanrib::valuenumber(const Decimal& number, bool isfloat, const char* d
     return LEXFLOAT;
   }
   intvalue = toInt(number, digits, end);
+  if (reportLosses && (intvalue == INT32_MAX || intvalue == INT32_MIN)) reportClipped();
   return LEXINT;
+}
+
+// toInt holds a value beyond 32 bits at the nearest limit; text has the digits.
+void lexanrib::reportClipped() {
+  const long long v = std::strtoll(text.data, nullptr, 10);
+  if (v > INT32_MAX || v < INT32_MIN) {
+    RIBError(12, 1, "Integer beyond 32 bits, read as %ld", static_cast<long>(intvalue));
+  }
 }

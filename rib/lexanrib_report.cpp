@@ -93,6 +93,11 @@ void lexanrib::vRIBError(int32_t code, int32_t severity, const char* format, va_
   char step[kStep];
   std::snprintf(step, sizeof step, "at line %lu", static_cast<unsigned long>(lastline));
   report.add(step);
+  if (nameInReports) {
+    report.add(" of \"");
+    report.add(name);
+    report.add("\"");
+  }
   // text.count includes the terminator; text may hold a NUL earlier, or none
   // at all when a scan was cut short, so its length is bounded by count.
   if (text.count < 30) {

@@ -77,9 +77,24 @@ int16_t parserib::expected(const char* what) {
   return 1;
 }
 
+bool parserib::wholeFloat(int32_t& v) const {
+  if (token != LEXFLOAT || !options.extended) return false;
+  float f;
+  lex.get(f);
+  // 2^31 is the first float past the range; NaN fails both tests.
+  if (!(f >= -2147483648.0f && f < 2147483648.0f) ||
+      f != static_cast<float>(static_cast<int32_t>(f)))
+    return false;
+  v = static_cast<int32_t>(f);
+  return true;
+}
+
 int16_t parserib::match(int32_t& v) {
-  if (token != LEXINT) return expected("Expected integer");
-  lex.get(v);
+  if (token != LEXINT) {
+    if (!wholeFloat(v)) return expected("Expected integer");
+  } else {
+    lex.get(v);
+  }
   token = lex.next();
   return 1;
 }
@@ -117,6 +132,10 @@ int16_t parserib::match(String* s) {
     return 0;
   }
   lex.get(*s);
+  if (lex.textdropped > 0 && options.extended) {
+    lex.RIBError(12, 1, "String of %" PRIu64 " bytes cut to %zu",
+                 lex.text.count - 1 + lex.textdropped, String::maxLength);
+  }
   token = lex.next();
   return bracket ? match(']') : 1;
 }
@@ -199,6 +218,18 @@ uint32_t takeFloatRun(lexanrib& lex, ArrayFiller<T>& fill, int16_t& token, int64
 
 }  // namespace
 
+// An integer array of the extended reader also takes whole floats; the test
+// is made only where the classic one ends the array.
+template <typename T>
+bool parserib::admits() const {
+  if (ArrayTraits<T>::admits(token)) return true;
+  if constexpr (std::is_same_v<T, int32_t>) {
+    int32_t v;
+    return wholeFloat(v);
+  }
+  return false;
+}
+
 template <typename T>
 int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
   const bool open = bracketed || token == '[';
@@ -216,7 +247,7 @@ int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
   } else {
     {
       ArrayFiller<T> fill(a, lex);
-      while ((n < 0 || count < n) && ArrayTraits<T>::admits(token)) {
+      while ((n < 0 || count < n) && admits<T>()) {
         if constexpr (!std::is_same_v<T, int32_t>) {
           if (token == LEXFLOAT && lex.infloats) {
             const int64_t room = n < 0 ? INT64_MAX : int64_t{n} - count;
@@ -232,13 +263,16 @@ int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
           for (int i = 0; i < 3; ++i) {
             if (!takeFloat(point[i])) return 0;
           }
+        } else if constexpr (std::is_same_v<T, int32_t>) {
+          if (token == LEXINT) {
+            lex.get(fill.next());
+          } else {
+            wholeFloat(fill.next());
+          }
+          token = lex.nextbinint() ? LEXINT : lex.next();
         } else {
           lex.get(fill.next());
-          if constexpr (std::is_same_v<T, int32_t>) {
-            token = lex.nextbinint() ? LEXINT : lex.next();
-          } else {
-            token = lex.next();
-          }
+          token = lex.next();
         }
         ++count;
       }

@@ -24,8 +24,12 @@ char* asRtToken(Token* t) {
   return reinterpret_cast<char*>(t);
 }
 
-int64_t expectedItems(const Token& t, int32_t uniform, int32_t varying, int32_t vertex) {
+int64_t expectedItems(const Token& t, int32_t uniform, int32_t varying, int32_t vertex,
+                      int64_t faceVertices) {
   switch (t.tokenClass) {
+    case ClassFaceVarying:
+    case ClassFaceVertex:
+      return int64_t{t.size} * (faceVertices >= 0 ? faceVertices : varying);
     case ClassUniform:
       return int64_t{t.size} * uniform;
     case ClassVarying:
@@ -53,10 +57,15 @@ std::string alternatives(const Array<char*>& required) {
 }  // namespace
 
 int16_t parserib::match(tokenvalue& tv, int16_t bracketed) {
+  tv.whole = options.extended;
   String name;
   while (token == LEXSTRING) {
     match(&name);
-    Token* t = declaredToken(name);
+    Token* t = options.extended ? extendedToken(name, tv) : declaredToken(name);
+    if (t == nullptr && options.extended) {
+      if (skipAnyValue()) continue;
+      return 0;
+    }
     if (t == nullptr) {
       // An undeclared name drops the request silently, unless the request
       // takes only bracketed values: then the value can be stepped over.
@@ -75,30 +84,37 @@ int16_t parserib::match(tokenvalue& tv, int16_t bracketed) {
 }
 
 // Reads the value of one declared parameter as its type says and appends it.
-// Item counts go to the list as 16 bits: a count above 65,535 is kept modulo
-// 65,536, and the buffer is built from that reduced count.
+// The classic reader gives item counts to the list as 16 bits: a count above
+// 65,535 is kept modulo 65,536, and the buffer is built from that reduced
+// count. The extended reader keeps them whole.
 int16_t parserib::readValue(tokenvalue& tv, char* token, int16_t bracketed) {
   const RiTokenType type = reinterpret_cast<Token*>(token)->type;
   switch (type) {
     case TypeFloat: {
       Array<float> a;
       const int32_t n = match(a, -1, bracketed);
-      if (n) tv.append(token, type, static_cast<uint16_t>(n), reinterpret_cast<void**>(a.data));
+      if (n) tv.append(token, type, kept(n), reinterpret_cast<void**>(a.data));
       return n != 0;
     }
     case TypeInteger: {
       Array<int32_t> a;
       const int32_t n = match(a, -1, bracketed);
-      if (n) tv.append(token, type, static_cast<uint16_t>(n), reinterpret_cast<void**>(a.data));
+      if (n) tv.append(token, type, kept(n), reinterpret_cast<void**>(a.data));
       return n != 0;
     }
-    case TypePoint: {
+    case TypePoint:
+    case TypeVector:
+    case TypeNormal: {
       Array<float[3]> a;
       const int32_t n = match(a, -1, bracketed);
-      if (n) tv.append(token, type, static_cast<uint16_t>(n), reinterpret_cast<void**>(a.data));
+      if (n) tv.append(token, type, kept(n), reinterpret_cast<void**>(a.data));
       return n != 0;
     }
+    case TypeHPoint:
+    case TypeMatrix:
+      return readWide(tv, token, bracketed);
     case TypeString: {
+      if (options.extended && this->token == '[') return readStrings(tv, token);
       String value;
       if (!match(&value)) return 0;
       // The value keeps its text as written: "null" is a string value here,
@@ -131,15 +147,15 @@ int16_t parserib::readColor(tokenvalue& tv, char* token, int16_t bracketed) {
   const int32_t read = match(a, -colorsamples, bracketed);
   const int32_t colours = read / colorsamples;
   if (colours == 0) return 0;
-  const uint16_t n = static_cast<uint16_t>(colours);
+  const uint32_t n = kept(colours);
   if (colorsamples == 3) {
     tv.append(token, TypeColor, n, reinterpret_cast<void**>(a.data));
     return 1;
   }
-  const uint32_t kept = colorsamples < 3 ? static_cast<uint32_t>(colorsamples) : 3;
+  const uint32_t samples = colorsamples < 3 ? static_cast<uint32_t>(colorsamples) : 3;
   std::vector<float> rgb(3 * size_t{n}, 0.0f);
   for (size_t i = 0; i < n; ++i) {
-    for (uint32_t j = 0; j < kept; ++j) rgb[3 * i + j] = a.data[i * colorsamples + j];
+    for (uint32_t j = 0; j < samples; ++j) rgb[3 * i + j] = a.data[i * colorsamples + j];
   }
   tv.append(token, TypeColor, n, reinterpret_cast<void**>(rgb.data()));
   return 1;
@@ -180,7 +196,7 @@ int16_t parserib::verify(const tokenvalue& tv, int32_t uniform, int32_t varying,
   for (uint32_t i = 0; i < count; ++i) {
     const Token* t = find(tv.tokens.data[i]);
     if (t == nullptr) continue;
-    const int64_t expected = expectedItems(*t, uniform, varying, vertex);
+    const int64_t expected = expectedItems(*t, uniform, varying, vertex, faceVertices);
     if (expected != tv.sizes.data[i]) {
       lex.RIBError(t->type == TypeColor ? 5 : 3, 2, "%" PRId64 " items expected for parameter '%s'",
                    expected, t->name.c_str());

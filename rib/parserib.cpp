@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <new>
+#include <utility>
 
 #include "interface/ri_paramcounts.h"
 
@@ -22,15 +23,41 @@ class NewHandlerScope {
 
 }  // namespace
 
-parserib::parserib(bytesource& in, const char* name)
-    : lex(in, name), keywords(kBuckets), lights(kBuckets), objects(kBuckets) {
+parserib::parserib(bytesource& in, const char* name, readeroptions options)
+    : lex(in, name), keywords(kBuckets), lights(kBuckets), objects(kBuckets), options(options) {
   hash_init();
   // The Ri layer counts a patch mesh's values with the same steps as this
   // reader, so they must start afresh together with ustep and vstep.
   resetBasisSteps();
 }
 
+parserib::parserib(bytesource& in, const char* name, const parserib& outer)
+    : lex(in, name), keywords(1), lights(1), objects(1), options(outer.options) {
+  lex.RIBErrorHandler = outer.lex.RIBErrorHandler;
+}
+
 parserib::~parserib() = default;
+
+namespace {
+
+template <class T>
+void swapTables(Hash<T>& a, Hash<T>& b) {
+  std::swap(a.table, b.table);
+  std::swap(a.size, b.size);
+}
+
+}  // namespace
+
+void parserib::handOver(parserib& to) {
+  swapTables(keywords, to.keywords);
+  swapTables(lights, to.lights);
+  swapTables(objects, to.objects);
+  to.colorsamples = colorsamples;
+  to.ustep = ustep;
+  to.vstep = vstep;
+  to.lastlight = lastlight;
+  to.lastobject = lastobject;
+}
 
 void parserib::hash_init() {
 #define RIB_KEYWORD_ENTRY(name) {String(#name), &parserib::name},

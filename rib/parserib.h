@@ -10,8 +10,10 @@
 #include "foundation/String.h"
 #include "rib/bytesource.h"
 #include "rib/lexanrib.h"
+#include "rib/readeroptions.h"
 
 class tokenvalue;
+struct Token;
 
 // Every RIB request, in keyword-table order, which is also the order of the
 // handlers among the virtual operations. X(name) is expanded once per request;
@@ -72,7 +74,7 @@ class parserib {
 #undef RIB_COUNT_REQUEST
   static constexpr uint16_t kBuckets = 111;
 
-  explicit parserib(bytesource& in, const char* name = "stdin");
+  explicit parserib(bytesource& in, const char* name = "stdin", readeroptions options = {});
   parserib(const parserib&) = delete;
   parserib& operator=(const parserib&) = delete;
   virtual ~parserib();
@@ -125,8 +127,28 @@ class parserib {
   Hash<handle_assoc> objects;
   uint16_t lastlight = 0;
   uint16_t lastobject = 0;
+  // The vertices of all faces of the primitive being read, for facevarying
+  // parameters; -1: as its varying count.
+  int64_t faceVertices = -1;
+  const readeroptions options;
+
+ protected:
+  // Whether the current token is one that match(int32_t&) takes.
+  bool integerAhead() const {
+    int32_t v;
+    return token == LEXINT || wholeFloat(v);
+  }
+  // The reader of a stream played inside another reader's (an archive): a
+  // scanner of its own and nothing else until handOver gives it the state.
+  parserib(bytesource& in, const char* name, const parserib& outer);
+  // Passes the reading state (request table, light and object numbers,
+  // colour samples, basis steps) to `to`, which reads on with it.
+  void handOver(parserib& to);
 
  private:
+  // A whole float read where an integer is wanted, in the extended reader:
+  // binary writers send integers as floats. False for any other token.
+  bool wholeFloat(int32_t& v) const;
   const keyword_assoc* lookupCurrentWord() const;
   // Reports "Expected ..." (code 16), runs panic and returns 0.
   int16_t expected(const char* what);
@@ -136,9 +158,21 @@ class parserib {
   void recover();
   void guardedStatement();
   template <typename T>
+  bool admits() const;
+  template <typename T>
   int32_t matchArray(Array<T>& a, int32_t n, int16_t bracketed);
   template <typename T>
   int16_t checkCount(int32_t count, int32_t n, bool open);
   int16_t readValue(tokenvalue& tv, char* token, int16_t bracketed);
+  // An item count as the list keeps it: whole in the extended reader, else
+  // modulo 65,536.
+  uint32_t kept(int32_t n) const {
+    return options.extended ? static_cast<uint32_t>(n) : static_cast<uint16_t>(n);
+  }
+  // The extended reader's parameter lists (paramlist_extended.cpp).
+  Token* extendedToken(const String& name, tokenvalue& tv);
+  int16_t skipAnyValue();
+  int16_t readWide(tokenvalue& tv, char* token, int16_t bracketed);
+  int16_t readStrings(tokenvalue& tv, char* token);
   int16_t readColor(tokenvalue& tv, char* token, int16_t bracketed);
 };

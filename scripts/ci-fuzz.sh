@@ -9,7 +9,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${FUZZ_SECONDS:-60}
 build=${FUZZ_BUILD_DIR:-build-fuzz}
-targets=(scanner conversion gzip)
+targets=(scanner conversion extended gzip)
 
 CC=clang CXX=clang++ cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DRZ_FUZZ=ON \
   -DRZ_TESTS=OFF -DRZ_GUI=OFF -DRZ_BENCH=OFF >/dev/null

@@ -9,7 +9,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${FUZZ_BUILD_DIR:-build-fuzz}
 seeds=$build/seeds-long
-mkdir -p "$seeds/scanner" "$seeds/conversion" "$seeds/gzip"
+mkdir -p "$seeds/scanner" "$seeds/conversion" "$seeds/extended" "$seeds/gzip"
 
 python3 - "$seeds/conversion" <<'PY'
 import sys, os
@@ -34,6 +34,7 @@ for claim in (b"\x80\x00\x00\x00", b"\xff\xff\xff\xff"):
     put("binary_string_" + claim.hex(), head + b'Surface \xa3' + claim + b"abc\n")
 PY
 cp "$seeds/conversion"/* "$seeds/scanner/"
+cp "$seeds/conversion"/* "$seeds/extended/"
 for f in "$seeds/conversion"/*; do gzip -c "$f" >"$seeds/gzip/$(basename "$f").gz"; done
 
 FUZZ_SECONDS=${FUZZ_SECONDS:-240} FUZZ_MAX_LEN=1048576 FUZZ_SEEDS=$seeds \

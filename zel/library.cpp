@@ -15,6 +15,10 @@ void Library::writeHeader() {
   std::string& out = output.line();
   out += "{\"format\":\"ZEL\",\"version\":1,\"generator\":";
   appendText(out, "rib2zel " RIB2ZEL_VERSION);
+  if (!reader.empty()) {
+    out += ",\"reader\":";
+    appendText(out, reader.c_str());
+  }
   out += "}\n";
   output.commit();
 }

@@ -2,6 +2,8 @@
 // the side interface of zellib.h.
 #pragma once
 
+#include <string>
+
 #include "zel/nesting.h"
 #include "zel/output.h"
 #include "zel/params.h"
@@ -14,6 +16,7 @@ struct Library {
   Quarks quarks;
   Nesting nesting;
   PendingParams params;
+  std::string reader;  // the header's "reader"; empty: none written
 
   // A new scene file: nothing open, no handles, every name owed again.
   void startFile();

@@ -147,3 +147,20 @@ void _zelProcedural(RtPointer data, const float* bound, RtProcSubdivFunc subdivf
       .opaque(freefunc != nullptr)
       .end();
 }
+
+void _zelStandardProcedural(const char* generator, int32_t n, const char* const* strings,
+                            const float* bound) {
+  Record record("StandardProcedural");
+  record.text(generator);
+  for (int32_t i = 0; i < n; ++i) record.text(strings[i]);
+  record.floats(bound, 6).end();
+}
+
+void _zelProcedural2V(const char* generator, const char* bounder, int32_t n, const uint16_t* codes,
+                      const RtPointer* values) {
+  Record("Procedural2V", {n, codes, values}).text(generator).text(bounder).end();
+}
+
+void _zelSystem(const char* command) {
+  Record("System").text(command).end();
+}

@@ -7,7 +7,22 @@ namespace zel {
 namespace {
 
 // RiTokenType numbers.
-enum : uint8_t { kNone = 0, kFloat = 1, kInteger = 2, kString = 3, kPoint = 4, kColor = 5 };
+enum : uint8_t {
+  kNone = 0,
+  kFloat = 1,
+  kInteger = 2,
+  kString = 3,
+  kPoint = 4,
+  kColor = 5,
+  kVector = 6,
+  kNormal = 7,
+  kHPoint = 8,
+  kMatrix = 9,
+};
+
+bool holdsFloats(uint8_t type) {
+  return type == kFloat || type == kPoint || type == kColor || (type >= kVector && type <= kMatrix);
+}
 
 void writeStrings(std::string& out, const char* const* strings, uint32_t count) {
   out += '[';
@@ -77,7 +92,7 @@ void PendingParams::writeOne(std::string& out, const Info& info, const void* val
   out += ",\"values\":";
   if (value == nullptr) {
     out += "null";
-  } else if (info.type == kFloat || info.type == kPoint || info.type == kColor) {
+  } else if (holdsFloats(info.type)) {
     appendFloats(out, static_cast<const float*>(value), info.count);
   } else if (info.type == kInteger) {
     appendInts(out, static_cast<const int32_t*>(value), info.count);

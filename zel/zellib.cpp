@@ -9,6 +9,10 @@ void zelSetMessageSink(void (*sink)(const char* line)) {
   setSink(sink);
 }
 
+void zelSetReader(const char* name) {
+  library().reader = name ? name : "";
+}
+
 void zelOutputToStream(FILE* stream) {
   Library& lib = library();
   lib.startFile();
@@ -54,5 +58,6 @@ void zelReset() {
   lib.output.reset();
   lib.startFile();
   lib.quarks.clear();
+  lib.reader.clear();
   resetMessages();
 }

@@ -15,6 +15,10 @@
 // without a line end. Null restores the default, which writes to stderr.
 void zelSetMessageSink(void (*sink)(const char* line));
 
+// Names the reader that made the scene in the header of every file chosen
+// from now on ("reader"); null or "" (the default) writes no such field.
+void zelSetReader(const char* name);
+
 // Writes the scene to `stream` (stdout, say), starting with the header line.
 // The library flushes the stream but never closes it.
 void zelOutputToStream(FILE* stream);

@@ -85,6 +85,7 @@ int convert(const options& o, progressline& progress) {
   r.input = o.input;
   r.output = o.output;
   r.parseOnly = o.parseOnly;
+  r.extended = o.extended;
   r.log = printLine;
   r.messages = printMessage;
   r.stop = [] { return gInterrupted != 0; };

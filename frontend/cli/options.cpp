@@ -61,6 +61,8 @@ bool takeOption(const std::string& arg, options& o) {
     o.help = true;
   } else if (arg == "--version") {
     o.version = true;
+  } else if (arg == "-x" || arg == "--extended") {
+    o.extended = true;
   } else if (arg == "--parse-only") {
     o.parseOnly = true;
   } else if (arg == "--strict") {
@@ -149,6 +151,9 @@ const char* helptext() {
          "\n"
          "Options:\n"
          "  -q, --quiet           do not print the final status line (or summary)\n"
+         "  -x, --extended        read the forms of later RIB versions too: ReadArchive\n"
+         "                        and inline archives, string light and object handles,\n"
+         "                        inline declarations, procedurals kept as written\n"
          "      --parse-only      read and check everything, but write no scene file\n"
          "                        (takes no OUTPUT)\n"
          "      --strict          any message, also of the RenderMan Interface layer or\n"

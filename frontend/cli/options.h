@@ -12,6 +12,7 @@ struct options {
   bool quiet = false;
   bool parseOnly = false;
   bool strict = false;
+  bool extended = false;
   bool help = false;
   bool version = false;
 

@@ -6,7 +6,7 @@
 // and "*.*" would hide every name without a dot.
 TOpenSaveData inputFileData() {
   TOpenSaveData data;
-  data.filters = {"RIB Files (*.RIB)", "All Files (*)"};
+  data.filters = {"RIB Files (*.RIB *.RIB.GZ)", "All Files (*)"};
   return data;
 }
 

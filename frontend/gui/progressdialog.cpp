@@ -26,8 +26,9 @@ constexpr int kProgressSteps = 1000;
 // still answered between two statements, within a hundredth of a second.
 constexpr qint64 kIdleBudgetNs = 10'000'000;
 
-conversion::request requestFor(const QString& inputPath, const QString& outputPath) {
+conversion::request requestFor(const QString& inputPath, const QString& outputPath, bool extended) {
   conversion::request r;
+  r.extended = extended;
   r.input = QFile::encodeName(inputPath).toStdString();
   r.output = QFile::encodeName(outputPath).toStdString();
   r.log = &TRendApp::print;
@@ -39,9 +40,9 @@ conversion::request requestFor(const QString& inputPath, const QString& outputPa
 }  // namespace
 
 TProgressDialog::TProgressDialog(QWidget* parent, const QString& inputPath,
-                                 const QString& outputPath)
+                                 const QString& outputPath, bool extended)
     : QDialog(parent),
-      fRib(std::make_unique<conversion>(requestFor(inputPath, outputPath))),
+      fRib(std::make_unique<conversion>(requestFor(inputPath, outputPath, extended))),
       fStatus(new QLabel(convertingText(inputPath, outputPath))),
       fProgress(new QProgressBar),
       fCancel(new QPushButton("Cancel")),

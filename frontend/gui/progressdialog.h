@@ -20,7 +20,9 @@ class TProgressDialog : public QDialog {
 
  public:
   // Opens the input and names the output to the scene library; reads no RIB.
-  TProgressDialog(QWidget* parent, const QString& inputPath, const QString& outputPath);
+  // `extended`: read with the extended RIB reader.
+  TProgressDialog(QWidget* parent, const QString& inputPath, const QString& outputPath,
+                  bool extended = false);
   ~TProgressDialog() override;
 
   // "Converting a.rib to b.zel", with the file names only.

@@ -84,6 +84,14 @@ void TRendApp::buildMenu() {
   exit->setStatusTip("Exit RIB to Zelvane");
   connect(exit, &QAction::triggered, fFrame, &QWidget::close);
 
+  QMenu* options = fFrame->menuBar()->addMenu("&Options");
+  QAction* extended = options->addAction("&Extended RIB");
+  extended->setObjectName("extended");
+  extended->setCheckable(true);
+  extended->setChecked(fExtended);
+  extended->setStatusTip("Read archives, string handles and inline declarations of later RIB");
+  connect(extended, &QAction::toggled, this, [this](bool on) { fExtended = on; });
+
   QMenu* help = fFrame->menuBar()->addMenu("&Help");
   QAction* about = help->addAction("&About...");
   about->setObjectName("about");
@@ -102,11 +110,16 @@ QIcon TRendApp::programIcon() {
 void TRendApp::CmConvert() {
   fInputData.fileName.clear();
   if (!fChooseFile(fFrame, fInputData)) return;
+  convertFrom(fInputData.fileName);
+}
+
+void TRendApp::convertFrom(const QString& inputPath) {
+  fInputData.fileName = inputPath;
   fOutputData.fileName.clear();
   if (!fChooseFile(fFrame, fOutputData)) return;
   if (!outputUsable()) return;
   fEdit->clear();
-  TProgressDialog dialog(fFrame, fInputData.fileName, fOutputData.fileName);
+  TProgressDialog dialog(fFrame, fInputData.fileName, fOutputData.fileName, fExtended);
   TRendFrame::fProgressDialog = &dialog;
   dialog.exec();
   TRendFrame::fProgressDialog = nullptr;

@@ -33,6 +33,9 @@ class TRendApp : public QApplication {
   static QIcon programIcon();
 
   void CmConvert();
+  // Convert with the input already chosen (a file dropped on the main window):
+  // asks for the output only.
+  void convertFrom(const QString& inputPath);
   void CmAbout();
   // Cancels a running conversion, closes the windows and ends the event
   // loop: what a quit signal does.
@@ -44,6 +47,8 @@ class TRendApp : public QApplication {
   TRendFrame* fFrame = nullptr;
   // Asks for a file; the file dialogs unless a test puts its own in.
   TFileChooser fChooseFile = runFileDialog;
+  // Options, Extended RIB: off at start.
+  bool fExtended = false;
 
  private:
   void buildMenu();

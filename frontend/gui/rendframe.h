@@ -16,6 +16,11 @@ class TRendFrame : public QMainWindow {
 
   // The running conversion dialog, null at all other times.
   static TProgressDialog* fProgressDialog;
+
+ protected:
+  // One local file dropped on the window starts Convert with it as the input.
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 };
 
 // Sizes a window around its client's wish. Qt would cut a window that is

@@ -163,6 +163,13 @@ void _zelTorusV(float majorradius, float minorradius, float phimin, float phimax
                 int32_t n, const uint16_t* codes, const RtPointer* values);
 void _zelProcedural(RtPointer data, const float* bound, RtProcSubdivFunc subdivfunc,
                     RtProcFreeFunc freefunc);
+// A procedural of a standard generator ("DelayedReadArchive", "RunProgram",
+// "DynamicLoad"), with the strings of its data; bound may be null.
+void _zelStandardProcedural(const char* generator, int32_t n, const char* const* strings,
+                            const float* bound);
+void _zelProcedural2V(const char* generator, const char* bounder, int32_t n, const uint16_t* codes,
+                      const RtPointer* values);
+void _zelSystem(const char* command);
 
 // Errors: `which` is always 0x0B0F; `mode` is 0x0C00 ignore, 0x0C01 print, 0x0C02 abort.
 void _zelErrorHandler(uint16_t which, uint16_t mode);

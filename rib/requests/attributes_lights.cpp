@@ -47,11 +47,15 @@ parserib::handle_assoc* rendrib::lookupNumber(Hash<handle_assoc>& table, int32_t
 
 // LightSource and AreaLightSource: the number is registered before the list is
 // read, so a bad list leaves `lastlight` changed but files no light.
-void rendrib::lightSource(RtLightHandle (*call)(RtToken, RtInt, RtToken[], RtPointer[])) {
+void rendrib::lightSource(LightCall call) {
   String name;
+  if (matchToken(&name)) lightAfterName(name, call);
+}
+
+void rendrib::lightAfterName(const String& name, LightCall call) {
   int32_t number;
   tokenvalue params;
-  if (!matchToken(&name) || !match(number)) return;
+  if (!match(number)) return;
   registerNumber(number, lastlight, kLightWords);
   if (!match(params, 0)) return;
   handle_assoc entry;

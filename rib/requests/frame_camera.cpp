@@ -62,7 +62,7 @@ void rendrib::End() {
 // statement.
 void rendrib::FrameBegin() {
   int32_t number = 0;
-  if (token == LEXINT && !match(number)) return;
+  if (integerAhead() && !match(number)) return;
   RiFrameBegin(number);
 }
 

@@ -9,9 +9,11 @@
 #include "rib/parserib.h"
 #include "rib/tokenvalue.h"
 
-// The parameter count as the V calls take it: the list's count cut to 16 bits.
-// Unsigned, so that the Ri layer never sees more entries than the arrays hold.
+// The parameter count as the V calls take it: the classic reader's list count
+// cut to 16 bits, unsigned, so that the Ri layer never sees more entries than
+// the arrays hold; the extended reader's whole.
 inline RtInt listCount(const tokenvalue& params) {
+  if (params.whole) return static_cast<RtInt>(params.tokens.count);
   return static_cast<uint16_t>(params.tokens.count);
 }
 

@@ -59,6 +59,15 @@ void rendrib::GeneralPolygon() {
   RiGeneralPolygonV(nloops, nverts.data, listCount(params), params.tokens.data, params.values.data);
 }
 
+// A mesh's list, with its face-vertex count for facevarying parameters.
+int16_t rendrib::verifyFaces(const tokenvalue& params, int32_t npolys, int32_t points,
+                             int32_t faceVertexCount) {
+  faceVertices = faceVertexCount;
+  const int16_t fits = verify(params, npolys, points, points, RI_P, kNoMore);
+  faceVertices = -1;
+  return fits;
+}
+
 void rendrib::PointsPolygons() {
   Array<int32_t> nverts, verts;
   tokenvalue params;
@@ -71,7 +80,7 @@ void rendrib::PointsPolygons() {
     return;
   }
   if (!fitCount(highest, points) || !match(params, 0)) return;
-  if (!verify(params, npolys, points, points, RI_P, kNoMore)) return;
+  if (!verifyFaces(params, npolys, points, s)) return;
   RiPointsPolygonsV(npolys, nverts.data, verts.data, listCount(params), params.tokens.data,
                     params.values.data);
 }
@@ -89,7 +98,7 @@ void rendrib::PointsGeneralPolygons() {
     return;
   }
   if (!fitCount(highest, points) || !match(params, 0)) return;
-  if (!verify(params, npolys, points, points, RI_P, kNoMore)) return;
+  if (!verifyFaces(params, npolys, points, s)) return;
   RiPointsGeneralPolygonsV(npolys, nloops.data, nverts.data, verts.data, listCount(params),
                            params.tokens.data, params.values.data);
 }

@@ -10,7 +10,8 @@
 #include "rib/requests/handler_support.h"
 #include "rib/tokenvalue.h"
 
-rendrib::rendrib(bytesource& in, const char* name) : parserib(in, name) {}
+rendrib::rendrib(bytesource& in, const char* name, readeroptions options)
+    : parserib(in, name, options) {}
 
 // A string that the Ri layer will take for a name. The layer reads a leading
 // 0xFF byte as the mark of a dictionary record, so such text from the stream

@@ -19,7 +19,9 @@ class tokenvalue;
 
 class rendrib : public parserib {
  public:
-  explicit rendrib(bytesource& in, const char* name = "stdin");
+  explicit rendrib(bytesource& in, const char* name = "stdin", readeroptions options = {});
+  // An archive's reader inside `outer`'s stream (see parserib).
+  rendrib(bytesource& in, const char* name, const parserib& outer) : parserib(in, name, outer) {}
 
   // The standard filter for a name, compared exactly; null after reporting
   // "Unknown filter function" and skipping to the next request.
@@ -132,7 +134,7 @@ class rendrib : public parserib {
   void MakeShadow() override;
   void ErrorHandler() override;
 
- private:
+ protected:
   // The messages of one handle table: "Light ..." or "Object ...".
   struct HandleWords {
     const char* outOfRange;
@@ -155,11 +157,16 @@ class rendrib : public parserib {
   int16_t sumCounts(const Array<int32_t>& counts, int32_t n, const char* what, int32_t& sum);
   int16_t nonNegative(int32_t value, const char* what);
   int16_t fitCount(int64_t value, int32_t& count);
+  int16_t verifyFaces(const tokenvalue& params, int32_t npolys, int32_t points,
+                      int32_t faceVertexCount);
 
   // The light and object number tables (attributes_lights.cpp).
   void registerNumber(int32_t number, uint16_t& last, const HandleWords& words);
   handle_assoc* lookupNumber(Hash<handle_assoc>& table, int32_t number, const HandleWords& words);
-  void lightSource(RtLightHandle (*call)(RtToken, RtInt, RtToken[], RtPointer[]));
+  using LightCall = RtLightHandle (*)(RtToken, RtInt, RtToken[], RtPointer[]);
+  void lightSource(LightCall call);
+  // The light's number, list and call, once its shader name is read.
+  virtual void lightAfterName(const String& name, LightCall call);
 
   // One side of a Basis request (patches_basis.cpp).
   int16_t matchBasis(String* name, Array<float>& matrix, RtFloat (*&basis)[4], int32_t& step);

@@ -60,7 +60,7 @@ TEST(Options, ReportUsageErrors) {
       {{}, "missing INPUT"},
       {{"-q"}, "missing INPUT"},
       {{"a", "b", "c"}, "too many arguments: 'c'"},
-      {{"-x", "a"}, "unknown option '-x'"},
+      {{"-y", "a"}, "unknown option '-y'"},
       {{"--quiet=1", "a"}, "unknown option '--quiet=1'"},
       {{"-qh", "a"}, "unknown option '-qh'"},
       {{"--parse-only", "a", "b"}, "--parse-only writes no OUTPUT"},
@@ -71,7 +71,7 @@ TEST(Options, ReportUsageErrors) {
 }
 
 TEST(Options, HelpAndVersionWinOverUsageErrors) {
-  parsed help = parse({"-x", "a", "b", "c", "--help"});
+  parsed help = parse({"-y", "a", "b", "c", "--help"});
   EXPECT_EQ(help.problem, "");
   EXPECT_TRUE(help.o.help);
   parsed version = parse({"--version"});

@@ -153,8 +153,8 @@ TEST(Rib2zel, AnswersHelpVersionAndUsageErrors) {
   runresult version = runrib2zel(dir, {"--version"});
   EXPECT_EQ(version.status, 0);
   EXPECT_EQ(version.out, "rib2zel " RIB2ZEL_VERSION "\n");
-  runresult usage = runrib2zel(dir, {"-x", "a.rib"});
+  runresult usage = runrib2zel(dir, {"-y", "a.rib"});
   EXPECT_EQ(usage.status, 2);
   EXPECT_EQ(usage.errLines,
-            (lines{"rib2zel: unknown option '-x'", "Try 'rib2zel --help' for more information."}));
+            (lines{"rib2zel: unknown option '-y'", "Try 'rib2zel --help' for more information."}));
 }

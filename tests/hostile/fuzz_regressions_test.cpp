@@ -45,6 +45,7 @@ TEST(FuzzRegressions, EveryKeptInputRunsThroughTheScannerAndAConversion) {
     fuzzinput::scan(data, bytes.size());
     fuzzinput::convert(data, bytes.size());
     fuzzinput::convertgzip(data, bytes.size());
+    fuzzinput::convertExtended(data, bytes.size());
   }
 }
 

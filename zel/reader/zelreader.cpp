@@ -167,7 +167,7 @@ ZelReader::ZelReader(std::istream& in) : in_(in) {
   std::string text;
   if (!readLine(text)) fail(1, "no header: the file is empty");
   Json header = parseLine(text, line_);
-  onlyKeys(header, {"format", "version", "generator"}, line_);
+  onlyKeys(header, {"format", "version", "generator", "reader"}, line_);
   const Json& format = member(header, "format", line_);
   if (!format.is_string() || format.get<std::string>() != "ZEL") fail(line_, "not a ZEL file");
   int64_t version = integerMember(header, "version", line_);
@@ -175,6 +175,11 @@ ZelReader::ZelReader(std::istream& in) : in_(in) {
   const Json& generator = member(header, "generator", line_);
   if (!generator.is_string()) fail(line_, "\"generator\" is not text");
   generator_ = toBytes(generator.get<std::string>(), line_);
+  if (header.contains("reader")) {
+    const Json& reader = member(header, "reader", line_);
+    if (!reader.is_string()) fail(line_, "\"reader\" is not text");
+    reader_ = toBytes(reader.get<std::string>(), line_);
+  }
 }
 
 bool ZelReader::readLine(std::string& line) {
@@ -212,6 +217,7 @@ ZelFile readAll(std::istream& in) {
   ZelReader reader(in);
   ZelFile file;
   file.generator = reader.generator();
+  file.reader = reader.reader();
   ZelRecord record;
   while (reader.next(record)) {
     if (record.op == "Quark" && record.args.size() == 2 &&

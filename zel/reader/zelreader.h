@@ -74,6 +74,8 @@ class ZelReader {
   explicit ZelReader(std::istream& in);
 
   const std::string& generator() const { return generator_; }
+  // The header's "reader", or "" when it has none (the classic reader).
+  const std::string& reader() const { return reader_; }
   // The next record, or false at the end of the file.
   bool next(ZelRecord& record);
 
@@ -83,10 +85,12 @@ class ZelReader {
   std::istream& in_;
   size_t line_ = 0;
   std::string generator_;
+  std::string reader_;
 };
 
 struct ZelFile {
   std::string generator;
+  std::string reader;
   std::vector<ZelRecord> records;
   std::map<int64_t, std::string> quarks;  // from the Quark records
 };

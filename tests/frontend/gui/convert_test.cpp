@@ -3,6 +3,7 @@
 #include <unistd.h>
 #include <QLabel>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QtTest>
@@ -50,6 +51,34 @@ class ConvertTest : public QObject {
     QCOMPARE(r.log, QString());
     QCOMPARE(countOf(opsOf(out), "SphereV"), 3);
     QVERIFY(!TRendFrame::fProgressDialog);
+  }
+
+  void extendedRibReadsArchivesAndADroppedFileAsksForTheOutputOnly() {
+    scratch dir;
+    QString out = dir.file("b.zel");
+    dir.write("a.rib", "Sphere 1 -1 1 360\n");
+    QString in = dir.write("main.rib", "WorldBegin\nReadArchive \"a.rib\"\nWorldEnd\n");
+    gApp->fFrame->findChild<QAction*>("extended")->setChecked(true);
+    convertresult r = convert(in, out);
+    gApp->fFrame->findChild<QAction*>("extended")->setChecked(false);
+    QCOMPARE(r.status, QString("Success."));
+    QCOMPARE(countOf(opsOf(out), "SphereV"), 1);
+    QVERIFY(readAll(out).startsWith(
+        R"({"format":"ZEL","version":1,"generator":"rib2zel 1.0.0","reader":"extended"})"));
+
+    QStringList asked;
+    gApp->fChooseFile = [&](QWidget*, TOpenSaveData& data) {
+      asked << (data.save ? "save" : "open");
+      return false;
+    };
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(in)});
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    // Straight to the window: the application passes on only drops of a drag
+    // that it saw begin.
+    static_cast<QObject*>(gApp->fFrame)->event(&drop);
+    QTRY_COMPARE(asked, QStringList({"save"}));
+    QCOMPARE(gApp->fInputData.fileName, in);
   }
 
   void aFaultyFilePutsItsLinesInTheLog() {

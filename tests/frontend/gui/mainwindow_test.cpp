@@ -65,11 +65,14 @@ class MainWindowTest : public QObject {
 
   void theMenusHoldTheCommandsWithTheirKeysAndHints() {
     QList<QAction*> menus = gApp->fFrame->menuBar()->actions();
-    QCOMPARE(menus.size(), 2);
+    QCOMPARE(menus.size(), 3);
     QCOMPARE(menus[0]->text(), QString("&File"));
     QCOMPARE(actionTexts(menus[0]->menu()), QStringList({"&Convert", "-", "E&xit"}));
-    QCOMPARE(menus[1]->text(), QString("&Help"));
-    QCOMPARE(actionTexts(menus[1]->menu()), QStringList({"&About..."}));
+    QCOMPARE(menus[1]->text(), QString("&Options"));
+    QCOMPARE(actionTexts(menus[1]->menu()), QStringList({"&Extended RIB"}));
+    QVERIFY(action("extended")->isCheckable() && !action("extended")->isChecked());
+    QCOMPARE(menus[2]->text(), QString("&Help"));
+    QCOMPARE(actionTexts(menus[2]->menu()), QStringList({"&About..."}));
     QCOMPARE(action("convert")->shortcut(), QKeySequence(Qt::Key_F12));
 
     const struct {
@@ -119,8 +122,8 @@ class MainWindowTest : public QObject {
 
   void theOpenDialogAsksForAnExistingRibFile() {
     auto dialog = makeFileDialog(gApp->fFrame, gApp->fInputData);
-    QCOMPARE(dialog->nameFilters(), QStringList({"RIB Files (*.RIB)", "All Files (*)"}));
-    QCOMPARE(dialog->selectedNameFilter(), QString("RIB Files (*.RIB)"));
+    QCOMPARE(dialog->nameFilters(), QStringList({"RIB Files (*.RIB *.RIB.GZ)", "All Files (*)"}));
+    QCOMPARE(dialog->selectedNameFilter(), QString("RIB Files (*.RIB *.RIB.GZ)"));
     QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
     QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptOpen);
   }

@@ -1,0 +1,7 @@
+// Feeds arbitrary bytes through a whole conversion by the extended reader.
+#include "fuzz/fuzzinput.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  fuzzinput::convertExtended(data, size);
+  return 0;
+}

@@ -1,0 +1,38 @@
+// What the readers of one extended conversion share: the archives being
+// played, the inline archives defined, string handles, the archive search
+// path. Owned by the outermost reader.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "rib/archiveopener.h"
+#include "rib/bytesource.h"
+
+class extendedrib;
+
+struct archivestate {
+  // An archive being played, with the reader that plays it.
+  struct frame {
+    std::unique_ptr<bytesource> source;
+    std::shared_ptr<const std::string> text;  // an inline archive's requests, kept alive
+    std::unique_ptr<extendedrib> reader;
+    bool scoped = false;  // played inside an attribute scope of its own
+    bool ended = false;   // read to its end, waiting for the archives it opened
+  };
+
+  static constexpr size_t kMaxDepth = 64;
+
+  archiveopener* opener = nullptr;
+  extendedrib* outermost = nullptr;
+  std::vector<frame> stack;  // innermost last
+  // Inline archives by name, as ArchiveBegin recorded them (see recordInline).
+  std::unordered_map<std::string, std::shared_ptr<const std::string>> inlines;
+  std::unordered_map<std::string, void*> lights;
+  std::unordered_map<std::string, void*> objects;
+  // Option "searchpath" "archive": the folders to try, in order.
+  std::vector<std::string> searchpath;
+  bool toldNotExpanded = false;
+};

@@ -1,0 +1,83 @@
+// The extended reader: the classic reader with the forms of later versions of
+// the interface. It adds requests of its own (a table of words and handlers,
+// below) and widens some classic ones (string light and object handles,
+// version numbers up to 3.04). Archives are played by readers of their own,
+// stacked over this one, each with its scanner (its own name, line count and
+// binary definitions); they read on with the state this one hands over.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "rib/archiveopener.h"
+#include "rib/requests/rendrib.h"
+
+struct archivestate;
+
+class extendedrib : public rendrib {
+ public:
+  // `folder` is where archive paths of the stream are resolved from (the
+  // folder of the input file; empty for the current folder). `opener` may be
+  // null: then only inline archives can be read.
+  extendedrib(bytesource& in, const char* name, std::string folder, archiveopener* opener);
+  ~extendedrib() override;
+
+  // The innermost archive being played reads the next statement.
+  int16_t parse1() override;
+  void parse() override;
+
+  void version() override;
+  void Declare() override;
+  void Option() override;
+  void LightSource() override;
+  void AreaLightSource() override;
+  void Illuminate() override;
+  void ObjectBegin() override;
+  void ObjectInstance() override;
+
+  // Requests of the extended reader alone (archives.cpp, procedurals.cpp).
+  void ReadArchive();
+  void ArchiveBegin();
+  void ArchiveEnd();
+  void Procedural();
+  void Procedural2();
+  void System();
+
+ protected:
+  // The reader of an archive inside `outer`'s stream; `name` as the request
+  // wrote it, which its reports give.
+  extendedrib(bytesource& in, const char* name, std::string folder, std::string identity,
+              extendedrib& outer);
+  // Makes that reader; a subclass makes readers of its own kind.
+  virtual std::unique_ptr<extendedrib> archiveReader(bytesource& in, const char* name,
+                                                     std::string folder, std::string identity);
+
+ private:
+  void addRequests();
+  void prepareScanner();
+  // Archives (archives.cpp).
+  void playArchive(const std::string& name, bool scoped);
+  bool playInline(const std::string& name, bool scoped);
+  std::string resolve(const std::string& name) const;
+  bool enterable(const std::string& name, const std::string& identity);
+  void pushArchive(std::unique_ptr<bytesource> source, std::shared_ptr<const std::string> text,
+                   const std::string& name, std::string folder, std::string identity, bool scoped);
+  void popArchive();
+  void recordInline(const std::string& name);
+  void trackSearchPath(const char* value);
+  // Light and object handles given as strings (handles.cpp).
+  void lightAfterName(const String& name, LightCall call) override;
+  void* lookupHandle(std::unordered_map<std::string, void*>& table, const char* words);
+  // Procedurals that are kept, not expanded (procedurals.cpp).
+  int16_t matchStrings(std::vector<std::string>& out);
+  void notExpanded(const char* what, const char* generator);
+
+  std::unique_ptr<archivestate> own_;  // the outermost reader's
+  archivestate* state_;
+  std::string folder_;    // where relative archive names start from
+  std::string identity_;  // the file read, for finding cycles; empty when unknown
+  std::string name_;      // an archive's name as written
+};
