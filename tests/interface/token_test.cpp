@@ -152,28 +152,22 @@ TEST(TokenDictionary, RecordsStayPutWhileManyMoreAreDeclared) {
   EXPECT_EQ(first->tokenClass, ClassVarying);
 }
 
-TEST(Find, TakesAnyRecordPointerWithoutLookingItUp) {
+// A record pointer is taken as it is, without a lookup; text is looked up
+// case-sensitively; an empty name is a key like any other.
+TEST(Find, TakesARecordPointerOrLooksUpTheText) {
   Token loose("notindictionary", 0x1234, TypeFloat, ClassUniform, 1);
   EXPECT_EQ(find(reinterpret_cast<char*>(&loose)), &loose);
   EXPECT_EQ(find("notindictionary"), nullptr);
-}
-
-TEST(Find, RecordPointerAndCaseSensitiveTextFindTheSameRecord) {
   EXPECT_EQ(find(RI_P), record(RI_P));
   EXPECT_EQ(find("P"), record(RI_P));
   EXPECT_EQ(find("ka"), nullptr);
   EXPECT_EQ(find("KA"), nullptr);
   EXPECT_EQ(find("Ka"), record(RI_KA));
-}
-
-TEST(Find, EmptyNameIsAKeyLikeAnyOther) {
   Token* empty = declare("", 0x7200, TypeFloat, ClassUniform, 1);
   ASSERT_NE(empty, nullptr);
   EXPECT_EQ(find(""), empty);
   EXPECT_EQ(empty->name.size(), 0);
-}
-
-TEST(Tostring, GivesARecordsNameAndLeavesTextAlone) {
+  // tostring gives a record's name and leaves text alone.
   EXPECT_STREQ(tostring(RI_P), "P");
   const char* text = "abc";
   EXPECT_EQ(tostring(text), text);
@@ -182,13 +176,10 @@ TEST(Tostring, GivesARecordsNameAndLeavesTextAlone) {
 
 class Confirm : public ErrorModelTest {};
 
-TEST_F(Confirm, KnownNameIsSilent) {
+TEST_F(Confirm, UnknownNameIsReportedWithAndWithoutTheRunningCall) {
   EXPECT_EQ(confirm("Kd"), record(RI_KD));
   EXPECT_EQ(confirm(RI_KD), record(RI_KD));
   EXPECT_TRUE(lines().empty());
-}
-
-TEST_F(Confirm, UnknownNameIsReportedWithAndWithoutTheRunningCall) {
   EXPECT_EQ(confirm("nosuchtoken"), nullptr);
   EXPECT_EQ(RiLastError, 41);
   setErrorFuncName("RiSurfaceV");
