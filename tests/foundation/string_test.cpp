@@ -13,6 +13,10 @@ TEST(StringTest, NullPointerAndDefaultGiveEmptyText) {
   EXPECT_EQ(b.size(), 0);
   EXPECT_STREQ(a.c_str(), "");
   EXPECT_STREQ(static_cast<const char*>(b), "");
+  // The length constructor stops at a NUL.
+  EXPECT_STREQ(String("abcdef", 3).c_str(), "abc");
+  EXPECT_STREQ(String("ab\0cd", 5).c_str(), "ab");
+  EXPECT_EQ(String(nullptr, 4).size(), 0);
 }
 
 TEST(StringTest, OnlyExactNullConvertsToNullPointer) {
@@ -77,12 +81,6 @@ TEST(StringTest, PjwHash) {
   EXPECT_EQ(String("a\xff").hash(), 97u * 16 - 1);
   // Long text folds the top nibble back in, and the top nibble stays clear.
   EXPECT_EQ(String("LightSource_with_a_long_name").hash(), 149636741u);
-}
-
-TEST(StringTest, LengthConstructorStopsAtNul) {
-  EXPECT_STREQ(String("abcdef", 3).c_str(), "abc");
-  EXPECT_STREQ(String("ab\0cd", 5).c_str(), "ab");
-  EXPECT_EQ(String(nullptr, 4).size(), 0);
 }
 
 TEST(StringTest, TextBeyondSixteenBitsIsCut) {
