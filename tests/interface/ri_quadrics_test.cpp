@@ -43,17 +43,12 @@ TEST_F(QuadricCalls, BothFormsSendTheSameList) {
 
   std::vector<ZelRecord> ops = operations();
   ASSERT_EQ(ops.size(), 3u);
-  EXPECT_TRUE(ops[2].hasParams);
-  EXPECT_TRUE(ops[2].params.empty()) << "an empty list sends no parameters";
-  ops.pop_back();
-  for (const ZelRecord& op : ops) {
-    ASSERT_EQ(op.params.size(), 2u);
-    EXPECT_EQ(op.params[0].code, 0x0006);
-    EXPECT_EQ(op.params[0].count, 12);
-    EXPECT_EQ(describe(op.params[0].values), "[1,0,0,0,1,0,0,0,1,1,1,1]");
-    EXPECT_EQ(op.params[1].code, 0x000C);
-    EXPECT_EQ(describe(op.params[1].values), "[0.25]");
-  }
+  const std::string sphere =
+      "SphereV 1 -1 1 360 {6 Cs 5 2 12 [1,0,0,0,1,0,0,0,1,1,1,1]} {12 Ka 1 1 1 [0.25]}";
+  EXPECT_EQ(describe(ops[0]), sphere);
+  EXPECT_EQ(describe(ops[1]), sphere);
+  EXPECT_TRUE(ops[2].hasParams) << "an empty list sends no parameters";
+  EXPECT_EQ(describe(ops[2]), "SphereV 1 -1 1 360");
 }
 
 }  // namespace

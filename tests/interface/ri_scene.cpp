@@ -77,5 +77,10 @@ std::string describe(const ZelValue& value) {
 std::string describe(const ZelRecord& record) {
   std::string line = record.op;
   for (const ZelValue& arg : record.args) line += " " + describe(arg);
+  for (const ZelParamRecord& p : record.params) {
+    line += " {" + std::to_string(p.code) + " " + p.name.value_or("null") + " " +
+            std::to_string(p.type) + " " + std::to_string(p.tokenClass) + " " +
+            std::to_string(p.count) + " " + describe(p.values) + "}";
+  }
   return line;
 }
