@@ -5,6 +5,7 @@
 #include <new>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -61,7 +62,7 @@ TEST(ArrayTest, AppendKeepsOrderAcrossGrowthAndClearKeepsTheCapacity) {
   EXPECT_EQ(a.capacity, cap);
 }
 
-TEST(ArrayTest, AssignmentTakesCapacityAndElements) {
+TEST(ArrayTest, CopiesTakeCapacityAndElements) {
   Array<String> src;
   src.append(String("a"));
   src.append(String("b"));
@@ -75,6 +76,16 @@ TEST(ArrayTest, AssignmentTakesCapacityAndElements) {
   EXPECT_STREQ(dst.data[20].c_str(), "c");
   EXPECT_NE(dst.data[0].c_str(), src.data[0].c_str());  // deep copies
   EXPECT_STREQ(dst.data[5].c_str(), "");                // skipped slots are empty Strings
+
+  // Construction from storage, and the copy constructor, copy too.
+  const char text[] = "abc";
+  Array<char> a(text, 4, 4);
+  EXPECT_EQ(a.count, 4u);
+  EXPECT_EQ(a.capacity, 4u);
+  EXPECT_NE(a.data, text);
+  Array<char> copy(a);
+  EXPECT_STREQ(copy.data, "abc");
+  EXPECT_NE(copy.data, a.data);
 
   String* before = dst.data;
   Array<String>& alias = dst;
@@ -113,27 +124,28 @@ std::string printed(const Array<T>& a) {
   return os.str();
 }
 
-TEST(ArrayTest, PrintPutsTwelveOnALine) {
-  EXPECT_EQ(printed(arrayOf<int32_t>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13})),
-            "( 13 )< 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12\n\t13 >\n");
-  EXPECT_EQ(printed(Array<int32_t>()), "( 0 )<  >\n");
-  EXPECT_EQ(printed(arrayOf<int32_t>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11})),
-            "( 12 )< 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11 >\n");
-}
-
-TEST(ArrayTest, PrintFormsPerElementType) {
-  EXPECT_EQ(printed(arrayOf<char>({'a', 'b'})), "( 2 )< a, b >\n");
-  EXPECT_EQ(printed(arrayOf<uint16_t>({65535})), "( 1 )< 65535 >\n");
-  EXPECT_EQ(printed(arrayOf<float>({1.5f})), "( 1 )< 1.5 >\n");
+// Twelve elements on a line, each type in its own form, a point array by the
+// address of its element.
+TEST(ArrayTest, PrintPutsTwelveOnALineInEachTypesForm) {
   char word[] = "word";
-  EXPECT_EQ(printed(arrayOf<char*>({word, nullptr})), "( 2 )< word, (null) >\n");
-
   Array<float[3]> points;
   float p[3] = {0, 0, 0};
   points.append(p);
   std::ostringstream address;
   address << static_cast<const void*>(points.data[0]);
-  EXPECT_EQ(printed(points), "( 1 )< " + address.str() + " >\n");
+  const std::pair<std::string, std::string> cases[] = {
+      {printed(arrayOf<int32_t>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13})),
+       "( 13 )< 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12\n\t13 >\n"},
+      {printed(Array<int32_t>()), "( 0 )<  >\n"},
+      {printed(arrayOf<int32_t>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11})),
+       "( 12 )< 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11 >\n"},
+      {printed(arrayOf<char>({'a', 'b'})), "( 2 )< a, b >\n"},
+      {printed(arrayOf<uint16_t>({65535})), "( 1 )< 65535 >\n"},
+      {printed(arrayOf<float>({1.5f})), "( 1 )< 1.5 >\n"},
+      {printed(arrayOf<char*>({word, nullptr})), "( 2 )< word, (null) >\n"},
+      {printed(points), "( 1 )< " + address.str() + " >\n"},
+  };
+  for (const auto& [got, expected] : cases) EXPECT_EQ(got, expected);
 }
 
 struct Overflow {};
@@ -179,7 +191,8 @@ struct Fragile {
 };
 int Fragile::budget = -1;
 
-TEST(ArrayTest, FailedGrowLeavesElementsInPlace) {
+// A failed grow leaves the elements in place, a failed assignment the target.
+TEST(ArrayTest, FailedCopyLeavesElementsInPlace) {
   Array<Fragile> a;
   Fragile f;
   for (int i = 0; i < 12; ++i) {
@@ -195,33 +208,15 @@ TEST(ArrayTest, FailedGrowLeavesElementsInPlace) {
   EXPECT_EQ(a.count, 12u);
   EXPECT_EQ(a.capacity, 12u);
   EXPECT_EQ(a.data[11].value, 11);
-}
 
-TEST(ArrayTest, FailedAssignmentLeavesTargetIntact) {
-  Array<Fragile> src, dst;
-  Fragile f;
-  f.value = 4;
-  src.append(f);
-  src.append(f);
+  Array<Fragile> dst;
   f.value = 8;
   dst.append(f);
   Fragile::budget = 1;
-  EXPECT_THROW(dst = src, std::bad_alloc);
+  EXPECT_THROW(dst = a, std::bad_alloc);
   Fragile::budget = -1;
   EXPECT_EQ(dst.count, 1u);
   EXPECT_EQ(dst.data[0].value, 8);
-}
-
-TEST(ArrayTest, ConstructionFromStorageCopies) {
-  const char text[] = "abc";
-  Array<char> a(text, 4, 4);
-  EXPECT_EQ(a.count, 4u);
-  EXPECT_EQ(a.capacity, 4u);
-  EXPECT_NE(a.data, text);
-  EXPECT_STREQ(a.data, "abc");
-  Array<char> copy(a);
-  EXPECT_STREQ(copy.data, "abc");
-  EXPECT_NE(copy.data, a.data);
 }
 
 }  // namespace

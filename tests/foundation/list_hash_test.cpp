@@ -40,9 +40,11 @@ TEST(ListTest, AddPutsNewestFirstAndCopyReverses) {
   EXPECT_NE(&copy.head->value, &list.head->next->next->value);
 }
 
-TEST(ListTest, FindPredNeverComparesTheHead) {
+// findPred never compares the head; find returns the stored value.
+TEST(ListTest, FindAndFindPred) {
   List<int> empty;
   EXPECT_EQ(empty.findPred(1), nullptr);
+  EXPECT_EQ(empty.find(1), nullptr);
   List<int> one;
   one.add(5);
   EXPECT_EQ(one.findPred(5), one.head);
@@ -51,15 +53,9 @@ TEST(ListTest, FindPredNeverComparesTheHead) {
   for (int i = 1; i <= 3; ++i) three.add(i);  // 3 2 1
   EXPECT_EQ(three.findPred(1), three.head->next);
   EXPECT_EQ(three.findPred(9), three.head->next->next);
-}
-
-TEST(ListTest, FindReturnsTheStoredValue) {
-  List<int> list;
-  EXPECT_EQ(list.find(1), nullptr);
-  for (int i = 1; i <= 3; ++i) list.add(i);
-  EXPECT_EQ(list.find(3), &list.head->value);
-  EXPECT_EQ(list.find(1), &list.head->next->next->value);
-  EXPECT_EQ(list.find(4), nullptr);
+  EXPECT_EQ(three.find(3), &three.head->value);
+  EXPECT_EQ(three.find(1), &three.head->next->next->value);
+  EXPECT_EQ(three.find(4), nullptr);
 }
 
 TEST(ListTest, DetachRemovesOneElement) {
@@ -113,7 +109,12 @@ TEST(HashTest, CollidingTextsAreToldApartByText) {
   EXPECT_EQ(table.find({b, 0})->payload, 2);
 }
 
+// A size of zero is one bucket.
 TEST(HashTest, EmptiedBucketIsRemovedAndMadeAgain) {
+  Hash<Numbered> one(0);
+  EXPECT_EQ(one.size, 1);
+  one.add({40000, 1});
+  EXPECT_EQ(one.find({40000, 0})->payload, 1);
   Hash<Numbered> table(111);
   table.add({7, 1});
   EXPECT_EQ(table.detach({8, 0}), 0);
@@ -132,13 +133,6 @@ TEST(HashTest, FlushEmptiesEveryBucket) {
   EXPECT_EQ(table.find({3, 0}), nullptr);
   table.add({3, 9});
   EXPECT_EQ(table.find({3, 0})->payload, 9);
-}
-
-TEST(HashTest, ZeroSizeIsOneBucket) {
-  Hash<Numbered> table(0);
-  EXPECT_EQ(table.size, 1);
-  table.add({40000, 1});
-  EXPECT_EQ(table.find({40000, 0})->payload, 1);
 }
 
 }  // namespace

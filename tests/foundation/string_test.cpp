@@ -13,6 +13,10 @@ TEST(StringTest, NullPointerAndDefaultGiveEmptyText) {
   EXPECT_EQ(b.size(), 0);
   EXPECT_STREQ(a.c_str(), "");
   EXPECT_STREQ(static_cast<const char*>(b), "");
+  // The length constructor stops at a NUL.
+  EXPECT_STREQ(String("abcdef", 3).c_str(), "abc");
+  EXPECT_STREQ(String("ab\0cd", 5).c_str(), "ab");
+  EXPECT_EQ(String(nullptr, 4).size(), 0);
 }
 
 TEST(StringTest, OnlyExactNullConvertsToNullPointer) {
@@ -29,6 +33,8 @@ TEST(StringTest, OnlyExactNullConvertsToNullPointer) {
   }
 }
 
+// Copies own their buffers; appending to itself and concatenating leave
+// the operands alone.
 TEST(StringTest, CopiesOwnTheirBuffers) {
   String a("abc");
   String b(a);
@@ -45,18 +51,14 @@ TEST(StringTest, CopiesOwnTheirBuffers) {
   b = alias;
   EXPECT_EQ(b.c_str(), before);  // self-assignment keeps the buffer
   EXPECT_STREQ(b.c_str(), "abc");
-}
-
-TEST(StringTest, AppendAndConcatenate) {
-  String s("ab");
-  s += s;
-  EXPECT_STREQ(s.c_str(), "abab");
-  EXPECT_EQ(s.size(), 4);
-  String left("x"), right("yz");
-  String sum = left + right;
-  EXPECT_STREQ(sum.c_str(), "xyz");
-  EXPECT_STREQ(left.c_str(), "x");
-  EXPECT_STREQ(right.c_str(), "yz");
+  b += b;
+  EXPECT_STREQ(b.c_str(), "abcabc");
+  EXPECT_EQ(b.size(), 6);
+  String yz("yz");
+  String sum = c + yz;
+  EXPECT_STREQ(sum.c_str(), "abcyz");
+  EXPECT_STREQ(c.c_str(), "abc");
+  EXPECT_STREQ(yz.c_str(), "yz");
 }
 
 TEST(StringTest, EqualityIsByteWise) {
@@ -77,12 +79,6 @@ TEST(StringTest, PjwHash) {
   EXPECT_EQ(String("a\xff").hash(), 97u * 16 - 1);
   // Long text folds the top nibble back in, and the top nibble stays clear.
   EXPECT_EQ(String("LightSource_with_a_long_name").hash(), 149636741u);
-}
-
-TEST(StringTest, LengthConstructorStopsAtNul) {
-  EXPECT_STREQ(String("abcdef", 3).c_str(), "abc");
-  EXPECT_STREQ(String("ab\0cd", 5).c_str(), "ab");
-  EXPECT_EQ(String(nullptr, 4).size(), 0);
 }
 
 TEST(StringTest, TextBeyondSixteenBitsIsCut) {

@@ -32,14 +32,9 @@ class ErrorCall : public ErrorModelTest {
   }
 };
 
-TEST_F(ErrorCall, SetErrorHandlerReturnsTheOldOne) {
+TEST_F(ErrorCall, FormatsTheMessageUnderTheRunningCallsName) {
   EXPECT_EQ(setErrorHandler(record), RiErrorPrint);
   EXPECT_EQ(Error::fHandler, record);
-  EXPECT_EQ(setErrorHandler(RiErrorIgnore), record);
-}
-
-TEST_F(ErrorCall, FormatsTheMessageUnderTheRunningCallsName) {
-  setErrorHandler(record);
   error(42, 2, "unknown hider type \"%s\", using %s", "x", "hidden");
   EXPECT_EQ(setErrorFuncName("RiHiderV"), nullptr);
   error(42, 2, "unknown hider type \"%s\", using %s", "x", "hidden");
@@ -49,34 +44,36 @@ TEST_F(ErrorCall, FormatsTheMessageUnderTheRunningCallsName) {
   EXPECT_EQ(gReports[1].message, "RiHiderV: unknown hider type \"x\", using hidden");
   EXPECT_EQ(gReports[1].code, 42);
   EXPECT_EQ(gReports[1].severity, 2);
+  EXPECT_EQ(setErrorHandler(RiErrorIgnore), record);
 }
 
-TEST_F(ErrorCall, NullFormatPassesTheCallNameAlone) {
-  setErrorHandler(record);
-  error(28, 1, nullptr);
-  setErrorFuncName("RiSphereV");
-  error(28, 1, nullptr);
-  setErrorFuncName(nullptr);
-  ASSERT_EQ(gReports.size(), 2u);
-  EXPECT_FALSE(gReports[0].hasMessage);
-  EXPECT_TRUE(gReports[1].hasMessage);
-  EXPECT_EQ(gReports[1].message, "RiSphereV");
-}
-
-TEST_F(ErrorCall, LongMessagesAreCutToTheBuffer) {
-  setErrorHandler(record);
+// A null format passes the call's name alone, or no message at all; long
+// messages are cut to the buffer.
+TEST_F(ErrorCall, MessageIsTheNameAndTheTextCutToTheBuffer) {
   const std::string longText(500, 'x');
   const std::string longName(300, 'N');
-  error(2, 2, "%s", longText.c_str());
-  setErrorFuncName("RiSphereV");
-  error(2, 2, "%s", longText.c_str());
-  setErrorFuncName(longName.c_str());
-  error(2, 2, "%s", longText.c_str());
-  setErrorFuncName(nullptr);
-  ASSERT_EQ(gReports.size(), 3u);
-  EXPECT_EQ(gReports[0].message, longText.substr(0, 123));
-  EXPECT_EQ(gReports[1].message, "RiSphereV: " + longText.substr(0, 123 - 11));
-  EXPECT_EQ(gReports[2].message, longName.substr(0, 123));
+  const struct {
+    const char* name;
+    const char* text;
+    bool hasMessage;
+    std::string message;
+  } cases[] = {
+      {nullptr, nullptr, false, ""},
+      {"RiSphereV", nullptr, true, "RiSphereV"},
+      {nullptr, longText.c_str(), true, longText.substr(0, 123)},
+      {"RiSphereV", longText.c_str(), true, "RiSphereV: " + longText.substr(0, 123 - 11)},
+      {longName.c_str(), longText.c_str(), true, longName.substr(0, 123)},
+  };
+  setErrorHandler(record);
+  for (const auto& c : cases) {
+    gReports.clear();
+    setErrorFuncName(c.name);
+    c.text ? error(28, 1, "%s", c.text) : error(28, 1, nullptr);
+    setErrorFuncName(nullptr);
+    ASSERT_EQ(gReports.size(), 1u);
+    EXPECT_EQ(gReports[0].hasMessage, c.hasMessage);
+    EXPECT_EQ(gReports[0].message, c.message);
+  }
 }
 
 TEST_F(ErrorCall, WholeReportGoesThroughPrintToTheSink) {

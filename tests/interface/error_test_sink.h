@@ -4,16 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "interface/error.h"
+#include "tests/zel/zelfixture.h"
 
 class ErrorModelTest : public ::testing::Test {
  protected:
   void SetUp() override {
     lines().clear();
-    setMessageSink(capture);
+    setMessageSink(captureLine);
     savedHandler = setErrorHandler(RiErrorPrint);
     savedName = Error::fFuncName;
     Error::fFuncName = nullptr;
@@ -25,14 +23,9 @@ class ErrorModelTest : public ::testing::Test {
     Error::fFuncName = savedName;
   }
 
-  static std::vector<std::string>& lines() {
-    static std::vector<std::string> captured;
-    return captured;
-  }
+  static std::vector<std::string>& lines() { return gReportLines; }
 
  private:
-  static void capture(const char* line) { lines().push_back(line); }
-
   RtErrorHandler savedHandler = nullptr;
   const char* savedName = nullptr;
 };

@@ -18,26 +18,13 @@ class GeometryCalls : public RiSceneTest {
   }
 };
 
+// "Np" is uniform: one normal per polygon; "st" has size 2; a mesh's points
+// reach its highest index.
 TEST_F(GeometryCalls, PolygonValuesAreCountedByItsVertices) {
   RtPoint square[4] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
   RtColor red = {1, 0, 0};
   RtFloat st[8] = {0, 0, 1, 0, 1, 1, 0, 1};
   RiPolygon(4, RI_P, square, RI_NP, red, RI_ST, st, RI_NULL);
-
-  std::vector<ZelRecord> ops = operations();
-  ASSERT_EQ(ops.size(), 1u);
-  EXPECT_EQ(describe(ops[0]), "PolygonV 4");
-  ASSERT_EQ(ops[0].params.size(), 3u);
-  EXPECT_EQ(ops[0].params[0].code, 0x0001);
-  EXPECT_EQ(ops[0].params[0].type, TypePoint);
-  EXPECT_EQ(ops[0].params[0].tokenClass, ClassVertex);
-  EXPECT_EQ(ops[0].params[0].count, 12);
-  EXPECT_EQ(describe(ops[0].params[0].values), "[0,0,0,1,0,0,1,1,0,0,1,0]");
-  EXPECT_EQ(ops[0].params[1].count, 3);  // "Np" is uniform: one normal per polygon
-  EXPECT_EQ(ops[0].params[2].count, 8);  // "st" has size 2
-}
-
-TEST_F(GeometryCalls, MeshPointsReachTheHighestIndex) {
   RtInt nverts[] = {3};
   RtInt verts[] = {0, 1, 7};
   RtPoint points[8] = {};
@@ -45,13 +32,10 @@ TEST_F(GeometryCalls, MeshPointsReachTheHighestIndex) {
   RtToken tokens[] = {RI_P};
   RtPointer values[] = {points};
   RiPointsPolygonsV(1, nverts, verts, 1, tokens, values);
-
-  std::vector<ZelRecord> ops = operations();
-  ASSERT_EQ(ops.size(), 1u);
-  EXPECT_EQ(describe(ops[0]), "PolygonMeshV 1 [3] [0,1,7]");
-  ASSERT_EQ(ops[0].params.size(), 1u);
-  EXPECT_EQ(ops[0].params[0].count, 24);
-  EXPECT_EQ(ops[0].params[0].values.items().back().asFloat(), 5.0f);
+  EXPECT_EQ(lines(), (Strings{"PolygonV 4 {1 P 4 3 12 [0,0,0,1,0,0,1,1,0,0,1,0]} "
+                              "{5 Np 4 1 3 [1,0,0]} {65304 st 1 2 8 [0,0,1,0,1,1,0,1]}",
+                              "PolygonMeshV 1 [3] [0,1,7] {1 P 4 3 24 "
+                              "[0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,5]}"}));
 }
 
 TEST_F(GeometryCalls, PatchMeshDividesByTheStepsOfTheLastBasis) {
@@ -67,47 +51,41 @@ TEST_F(GeometryCalls, PatchMeshDividesByTheStepsOfTheLastBasis) {
 
   std::vector<ZelRecord> ops = operations();
   ASSERT_EQ(ops.size(), 5u);
-  EXPECT_EQ(describe(ops[4]), "PatchMeshV 1793 6 2560 5 2561");
   ASSERT_EQ(ops[4].params.size(), 3u);
   EXPECT_EQ(ops[4].params[0].count, 30);  // vertex: 6 by 5 points
   EXPECT_EQ(ops[4].params[1].count, 12);  // uniform: 6 by 2 patches
   EXPECT_EQ(ops[4].params[2].count, 54);  // varying: 6 by 3 corners, 3 numbers each
+  ops[4].params.clear();
+  EXPECT_EQ(describe(ops[4]), "PatchMeshV 1793 6 2560 5 2561");
 }
 
-TEST_F(GeometryCalls, PatchTypeDecidesTheCorners) {
+// The patch type decides the corners; NURBS and general polygons count
+// their points ("Pw" has size 4).
+TEST_F(GeometryCalls, PatchesNurbsAndGeneralPolygonsCountTheirPoints) {
   std::vector<RtFloat> points(16 * 3);
   RtToken tokens[] = {RI_P};
   RtPointer values[] = {points.data()};
   RiPatchV(RI_BICUBIC, 1, tokens, values);
   RiPatch(RI_BILINEAR, RI_P, points.data(), RI_NULL);
-
-  std::vector<ZelRecord> ops = operations();
-  ASSERT_EQ(ops.size(), 2u);
-  EXPECT_EQ(describe(ops[0]), "PatchV 1793");
-  EXPECT_EQ(ops[0].params.at(0).count, 48);
-  EXPECT_EQ(describe(ops[1]), "PatchV 1792");
-  EXPECT_EQ(ops[1].params.at(0).count, 12);
-}
-
-TEST_F(GeometryCalls, NurbsAndGeneralPolygonsCountTheirPoints) {
   RtFloat knots[] = {0, 0, 1, 1};
   std::vector<RtFloat> pw(16, 1.0f);
   RtToken pwToken[] = {RI_PW};
   RtPointer pwValue[] = {pw.data()};
   RiNuPatchV(2, 2, knots, 0, 1, 2, 2, knots, 0, 1, 1, pwToken, pwValue);
-
   RtInt loops[] = {4, 3};
-  std::vector<RtFloat> points(7 * 3);
-  RtToken pToken[] = {RI_P};
-  RtPointer pValue[] = {points.data()};
-  RiGeneralPolygonV(2, loops, 1, pToken, pValue);
+  RiGeneralPolygonV(2, loops, 1, tokens, values);
 
   std::vector<ZelRecord> ops = operations();
-  ASSERT_EQ(ops.size(), 2u);
-  EXPECT_EQ(describe(ops[0]), "NurbMeshV 2 2 [0,0,1,1] 0 1 2 2 [0,0,1,1] 0 1");
-  EXPECT_EQ(ops[0].params.at(0).count, 16);  // 4 points of "Pw", size 4
-  EXPECT_EQ(describe(ops[1]), "GeneralPolygonV 2 [4,3]");
-  EXPECT_EQ(ops[1].params.at(0).count, 21);
+  ASSERT_EQ(ops.size(), 4u);
+  const std::string args[] = {"PatchV 1793", "PatchV 1792",
+                              "NurbMeshV 2 2 [0,0,1,1] 0 1 2 2 [0,0,1,1] 0 1",
+                              "GeneralPolygonV 2 [4,3]"};
+  const int64_t counts[] = {48, 12, 16, 21};
+  for (size_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(ops[i].params.at(0).count, counts[i]);
+    ops[i].params.clear();
+    EXPECT_EQ(describe(ops[i]), args[i]);
+  }
 }
 
 }  // namespace

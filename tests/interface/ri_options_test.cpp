@@ -9,38 +9,29 @@ namespace {
 using OptionCalls = RiSceneTest;
 using Strings = std::vector<std::string>;
 
-TEST_F(OptionCalls, PerspectiveTakesTheLastFov) {
+// Perspective takes the last fov; other projections go orthographic, a name
+// without a record silently; fov without perspective is reported after the
+// projection.
+TEST_F(OptionCalls, ProjectionsAndTheirFov) {
   RtFloat wide = 30;
   RtFloat narrow = 45;
   RtToken tokens[] = {RI_FOV, RI_FOV};
   RtPointer values[] = {&wide, &narrow};
   RiProjectionV(RI_PERSPECTIVE, 2, tokens, values);
   RiProjection(text("perspective"), RI_NULL);
-  EXPECT_EQ(lines(), (Strings{"ViewPerspective 45", "ViewPerspective 90"}));
-  EXPECT_EQ(messages(), Strings{});
-}
-
-TEST_F(OptionCalls, FovWithoutPerspectiveIsReportedAfterTheProjection) {
-  RtFloat fov = 40;
-  RiProjection(RI_ORTHOGRAPHIC, RI_FOV, &fov, RI_NULL);
-  RtToken tokens[] = {RI_FOV};
-  RtPointer values[] = {&fov};
-  RiProjectionV(nullptr, 1, tokens, values);
-  EXPECT_EQ(lines(), (Strings{"ViewOrthographic", "ViewIdentity"}));
-  EXPECT_EQ(
-      messages(),
-      (Strings{"error: Parameters inconsistent. RiProjection: only perspective projection has fov",
-               "error: Parameters inconsistent. RiProjectionV: only perspective projection has "
-               "fov"}));
-}
-
-TEST_F(OptionCalls, OtherProjectionsGoOrthographic) {
   RiProjectionV(RI_RGB, 0, nullptr, nullptr);
   RiProjectionV(text("binding_test_fisheye"), 0, nullptr, nullptr);
-  EXPECT_EQ(lines(), (Strings{"ViewOrthographic", "ViewOrthographic"}));
-  // A name without a record goes orthographic silently.
-  EXPECT_EQ(messages(), Strings{"error: Parameter out of range. RiProjectionV: unknown projection "
-                                "type \"rgb\", using orthographic"});
+  RiProjection(RI_ORTHOGRAPHIC, RI_FOV, &wide, RI_NULL);
+  RiProjectionV(nullptr, 1, tokens, values);
+  EXPECT_EQ(lines(), (Strings{"ViewPerspective 45", "ViewPerspective 90", "ViewOrthographic",
+                              "ViewOrthographic", "ViewOrthographic", "ViewIdentity"}));
+  EXPECT_EQ(
+      messages(),
+      (Strings{"error: Parameter out of range. RiProjectionV: unknown projection type \"rgb\", "
+               "using orthographic",
+               "error: Parameters inconsistent. RiProjection: only perspective projection has fov",
+               "error: Parameters inconsistent. RiProjectionV: only perspective projection has "
+               "fov"}));
 }
 
 TEST_F(OptionCalls, ViewportFollowsFormatAndDisplayOrigin) {
@@ -61,23 +52,20 @@ TEST_F(OptionCalls, ViewportFollowsFormatAndDisplayOrigin) {
                      "RasterViewport 10 109 20 69", "RasterAspect 2"}));
 }
 
-TEST_F(OptionCalls, UndeclaredDisplayModeStopsAfterTheOutput) {
-  RiDisplayV(text("image.tif"), RI_FILE, text("binding_test_mode"), 0, nullptr, nullptr);
-  EXPECT_EQ(lines(), Strings{"OutputFile 513 \"image.tif\""});
-  EXPECT_EQ(messages(), Strings{"error: Invalid token for request. RiDisplayV: undeclared token "
-                                "\"binding_test_mode\""});
-}
-
+// An undeclared mode stops the call after the output.
 TEST_F(OptionCalls, DisplayTypeAndModeMustBeOfTheirKind) {
   RiDisplayV(text("a.tif"), RI_RGB, RI_RGB, 0, nullptr, nullptr);
   RiDisplay(text("b.tif"), RI_FILE, RI_PERSPECTIVE, RI_NULL);
   RiDisplayV(text("c.tif"), RI_FILE, RI_RGBAZ, 0, nullptr, nullptr);
-  EXPECT_EQ(lines(),
-            (Strings{"OutputFile 513 \"b.tif\"", "OutputFile 513 \"c.tif\"", "OutputSamples 775"}));
+  RiDisplayV(text("image.tif"), RI_FILE, text("binding_test_mode"), 0, nullptr, nullptr);
+  EXPECT_EQ(lines(), (Strings{"OutputFile 513 \"b.tif\"", "OutputFile 513 \"c.tif\"",
+                              "OutputSamples 775", "OutputFile 513 \"image.tif\""}));
   EXPECT_EQ(messages(),
             (Strings{"error: Parameter out of range. RiDisplayV: unknown display type \"rgb\"",
                      "error: Parameter out of range. RiDisplay: b.tif: unknown display mode "
-                     "\"perspective\""}));
+                     "\"perspective\"",
+                     "error: Invalid token for request. RiDisplayV: undeclared token "
+                     "\"binding_test_mode\""}));
 }
 
 TEST_F(OptionCalls, HiderNumberAndJitter) {

@@ -14,12 +14,9 @@
 #include <vector>
 
 #include "interface/token.h"
+#include "tests/interface/ri_scene.h"
 
 namespace {
-
-char* text(const char* word) {
-  return const_cast<char*>(word);
-}
 
 struct CountsCase {
   std::string what;

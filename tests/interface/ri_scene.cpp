@@ -1,37 +1,19 @@
 #include "tests/interface/ri_scene.h"
 
-#include <unistd.h>
-
 #include <charconv>
 #include <cstdio>
 
 #include "interface/error.h"
 #include "interface/scene/zel.h"
+#include "tests/zel/zelfixture.h"
 #include "zel/zellib.h"
 
-namespace {
-
-std::vector<std::string> gMessages;
-
-void collect(const char* line) {
-  gMessages.emplace_back(line);
-}
-
-// Unique across the test processes that ctest runs side by side.
-std::string scenePath() {
-  static int serial = 0;
-  return testing::TempDir() + "ri_scene_" + std::to_string(getpid()) + "_" +
-         std::to_string(++serial) + ".zel";
-}
-
-}  // namespace
-
 void RiSceneTest::SetUp() {
-  gMessages.clear();
-  setMessageSink(collect);
-  zelSetMessageSink(collect);
+  gReportLines.clear();
+  setMessageSink(captureLine);
+  zelSetMessageSink(captureLine);
   setErrorHandler(RiErrorPrint);
-  path_ = scenePath();
+  path_ = scratchPath("ri");
   _zelOutputFile(kZelSceneFile, path_.c_str());
   ASSERT_FALSE(zelWriteFailed()) << zelWriteError();
 }
@@ -62,7 +44,7 @@ std::vector<std::string> RiSceneTest::lines() {
 }
 
 const std::vector<std::string>& RiSceneTest::messages() const {
-  return gMessages;
+  return gReportLines;
 }
 
 std::string describe(const ZelValue& value) {
@@ -95,5 +77,10 @@ std::string describe(const ZelValue& value) {
 std::string describe(const ZelRecord& record) {
   std::string line = record.op;
   for (const ZelValue& arg : record.args) line += " " + describe(arg);
+  for (const ZelParamRecord& p : record.params) {
+    line += " {" + std::to_string(p.code) + " " + p.name.value_or("null") + " " +
+            std::to_string(p.type) + " " + std::to_string(p.tokenClass) + " " +
+            std::to_string(p.count) + " " + describe(p.values) + "}";
+  }
   return line;
 }

@@ -29,7 +29,8 @@ class RiSceneTest : public testing::Test {
 };
 
 // "ConeV 1 2 2 360": the operation and its arguments, floats in their
-// shortest exact form, texts quoted, arrays in brackets.
+// shortest exact form, texts quoted, arrays in brackets; then each parameter
+// as "{code name type class count values}".
 std::string describe(const ZelRecord& record);
 std::string describe(const ZelValue& value);
 

@@ -1,6 +1,5 @@
 // The standard bases and filters are told apart by address; comments and the
 // calls without effect.
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -19,50 +18,33 @@ class StandardObjects : public RiSceneTest {
   }
 };
 
+// A custom basis goes with its step even when its contents are those of a
+// standard one.
 TEST_F(StandardObjects, StandardBasesGoByNumberWithoutTheirSteps) {
+  RtBasis custom = {{-1, 3, -3, 1}, {3, -6, 3, 0}, {-3, 3, 0, 0}, {1, 0, 0, 0}};
+  RtBasis zeros = {};  // the contents of the standard objects
   RiBasis(RiBezierBasis, 3, RiBezierBasis, 3);
   RiBasis(RiBSplineBasis, 1, RiCatmullRomBasis, 1);
   RiBasis(RiHermiteBasis, 2, RiPowerBasis, 4);
-  EXPECT_EQ(lines(), (Strings{"Basis 2048 2304", "Basis 2049 2304", "Basis 2048 2305",
-                              "Basis 2049 2306", "Basis 2048 2307", "Basis 2049 2308"}));
-}
-
-TEST_F(StandardObjects, CustomBasisGoesWithItsStepEvenWithStandardContents) {
-  RtBasis custom = {{-1, 3, -3, 1}, {3, -6, 3, 0}, {-3, 3, 0, 0}, {1, 0, 0, 0}};
-  RtBasis zeros = {};  // the contents of the standard objects
   RiBasis(custom, 2, RiPowerBasis, 4);
   RiBasis(RiBezierBasis, 3, zeros, 3);
   EXPECT_EQ(lines(),
-            (Strings{"CustomBasis 2048 [-1,3,-3,1,3,-6,3,0,-3,3,0,0,1,0,0,0] 2", "Basis 2049 2308",
+            (Strings{"Basis 2048 2304", "Basis 2049 2304", "Basis 2048 2305", "Basis 2049 2306",
+                     "Basis 2048 2307", "Basis 2049 2308",
+                     "CustomBasis 2048 [-1,3,-3,1,3,-6,3,0,-3,3,0,0,1,0,0,0] 2", "Basis 2049 2308",
                      "Basis 2048 2304", "CustomBasis 2049 [0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0] 3"}));
 }
 
-struct FilterCase {
-  const char* name;
-  RtFilterFunc filter;
-  const char* line;
-};
-
-void PrintTo(const FilterCase& c, std::ostream* os) {
-  *os << c.name;
+TEST_F(StandardObjects, StandardFiltersGoByNumberThenTheWidth) {
+  RiPixelFilter(RiGaussianFilter, 2, 3);
+  RiPixelFilter(RiBoxFilter, 2, 3);
+  RiPixelFilter(RiTriangleFilter, 2, 3);
+  RiPixelFilter(RiCatmullRomFilter, 2, 3);
+  RiPixelFilter(RiSincFilter, 2, 3);
+  EXPECT_EQ(lines(), (Strings{"Filter 256", "FilterWidth 2 3", "Filter 258", "FilterWidth 2 3",
+                              "Filter 259", "FilterWidth 2 3", "Filter 257", "FilterWidth 2 3",
+                              "Filter 260", "FilterWidth 2 3"}));
 }
-
-class StandardFilters : public RiSceneTest, public testing::WithParamInterface<FilterCase> {};
-
-TEST_P(StandardFilters, GoByNumberThenTheWidth) {
-  RiPixelFilter(GetParam().filter, 2, 3);
-  EXPECT_EQ(lines(), (Strings{GetParam().line, "FilterWidth 2 3"}));
-}
-
-INSTANTIATE_TEST_SUITE_P(Each, StandardFilters,
-                         testing::Values(FilterCase{"Gaussian", RiGaussianFilter, "Filter 256"},
-                                         FilterCase{"Box", RiBoxFilter, "Filter 258"},
-                                         FilterCase{"Triangle", RiTriangleFilter, "Filter 259"},
-                                         FilterCase{"CatmullRom", RiCatmullRomFilter, "Filter 257"},
-                                         FilterCase{"Sinc", RiSincFilter, "Filter 260"}),
-                         [](const testing::TestParamInfo<FilterCase>& info) {
-                           return std::string(info.param.name);
-                         });
 
 bool gCustomFilterRan = false;
 
@@ -78,18 +60,15 @@ TEST_F(StandardObjects, CustomFilterIsPassedOnAndNeverRun) {
   EXPECT_EQ(RiCatmullRomFilter(0, 0, 2, 2), 0.0f);
 }
 
+// A comment keeps a percent sign plain and is cut to the buffer.
 TEST_F(StandardObjects, CommentKeepsAPercentSignPlain) {
   RiArchiveRecord(RI_COMMENT, text("%d%% done, %s"), 50, "100% sure");
   RiArchiveRecord(RI_STRUCTURE, text("RenderMan RIB"));
   RiArchiveRecord(text("binding_test_verbatim"), text("dropped"));
-  EXPECT_EQ(lines(), Strings{"Comment \"%s\" \"50% done, 100% sure\""});
+  RiArchiveRecord(text("comment"), text("%s"), std::string(300, 'x').c_str());
+  EXPECT_EQ(lines(), (Strings{"Comment \"%s\" \"50% done, 100% sure\"",
+                              "Comment \"%s\" \"" + std::string(255, 'x') + "\""}));
   EXPECT_EQ(messages(), Strings{});
-}
-
-TEST_F(StandardObjects, LongCommentIsCutToTheBuffer) {
-  std::string longText(300, 'x');
-  RiArchiveRecord(text("comment"), text("%s"), longText.c_str());
-  EXPECT_EQ(lines(), Strings{"Comment \"%s\" \"" + std::string(255, 'x') + "\""});
 }
 
 TEST_F(StandardObjects, CallsWithoutEffectWriteNothing) {

@@ -31,31 +31,35 @@ TEST_F(Declare, RedeclaringKaKeepsTheFirstRecordSilently) {
   EXPECT_TRUE(lines().empty());
 }
 
-struct GoodDeclaration {
-  const char* name;
-  const char* declaration;
-  RiTokenType type;
-  RiTokenClass tokenClass;
-};
-
 TEST_F(Declare, AcceptsAnOptionalClassAndATypeWithSpaceAround) {
-  const GoodDeclaration cases[] = {
-      {"decl_float", "float", TypeFloat, ClassUniform},
-      {"decl_uniform_color", "uniform color", TypeColor, ClassUniform},
-      {"decl_spaced_point", " \t varying \n  point \r\f\v", TypePoint, ClassVarying},
-      {"decl_string", "string", TypeString, ClassUniform},
+  const struct {
+    const char* name;
+    const char* declaration;
+    bool full;
+    RiTokenType type;
+    RiTokenClass tokenClass;
+    int32_t size;
+  } cases[] = {
+      {"decl_float", "float", false, TypeFloat, ClassUniform, 1},
+      {"decl_uniform_color", "uniform color", false, TypeColor, ClassUniform, 1},
+      {"decl_spaced_point", " \t varying \n  point \r\f\v", false, TypePoint, ClassVarying, 1},
+      {"decl_string", "string", false, TypeString, ClassUniform, 1},
       // Integers and strings hold one value per primitive whatever is declared.
-      {"decl_varying_integer", "varying integer", TypeInteger, ClassUniform},
-      {"decl_varying_string", "varying string", TypeString, ClassUniform},
+      {"decl_varying_integer", "varying integer", false, TypeInteger, ClassUniform, 1},
+      {"decl_varying_string", "varying string", false, TypeString, ClassUniform, 1},
+      {"decl_full_vertex", "vertex point", true, TypePoint, ClassVertex, 1},
+      {"decl_full_sized", " varying float [ 3 ] ", true, TypeFloat, ClassVarying, 3},
+      {"decl_full_tight", "float[12]", true, TypeFloat, ClassUniform, 12},
   };
-  for (const GoodDeclaration& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.declaration);
-    const Token* t = record(riDeclare(c.name, c.declaration));
+    const Token* t = c.full ? declare(c.name, 0x7500, c.declaration, 1)
+                            : record(riDeclare(c.name, c.declaration));
     ASSERT_NE(t, nullptr);
     EXPECT_EQ(t, find(c.name));
     EXPECT_EQ(t->type, c.type);
     EXPECT_EQ(t->tokenClass, c.tokenClass);
-    EXPECT_EQ(t->size, 1);
+    EXPECT_EQ(t->size, c.size);
   }
   EXPECT_TRUE(lines().empty());
 }
@@ -66,67 +70,48 @@ TEST_F(Declare, CodeOfANewNameComesFromTheSceneLibrary) {
   EXPECT_EQ(t->code, static_cast<uint16_t>(_zelQuark("decl_quarked")));
 }
 
-TEST_F(Declare, BadDeclarationsAreReportedAndDeclareNothing) {
-  const char* const bad[] = {"vertex point", "float[3]", "Uniform float",         "uniform",
-                             "float x",      "",         "varying varying float", "float3"};
-  int i = 0;
-  for (const char* declaration : bad) {
-    SCOPED_TRACE(declaration);
+// RiDeclare takes the restricted grammar; the full one, used by the
+// reader's own declarations, also admits "vertex" and an array size.
+TEST_F(Declare, BadDeclarationsAreReportedAndLeaveTheDictionaryAlone) {
+  const struct {
+    const char* name;
+    const char* declaration;  // null: the text "null"
+    bool full;
+  } bad[] = {
+      {"decl_bad", "vertex point", false},
+      {"decl_bad", "float[3]", false},
+      {"decl_bad", "Uniform float", false},
+      {"decl_bad", "uniform", false},
+      {"decl_bad", "float x", false},
+      {"decl_bad", "", false},
+      {"decl_bad", "varying varying float", false},
+      {"decl_bad", "float3", false},
+      {"decl_bad", "bad", false},
+      {"P", "float x", false},
+      {"decl_bad", nullptr, false},
+      {"decl_bad", "float[]", true},
+      {"decl_bad", "float[3", true},
+      {"decl_bad", "float[3] x", true},
+      {"decl_bad", "float[x]", true},
+      {"decl_bad", "vertex", true},
+  };
+  for (const auto& c : bad) {
+    const std::string text = c.declaration ? c.declaration : "null";
+    SCOPED_TRACE(text);
     lines().clear();
-    std::string name = "decl_bad" + std::to_string(i++);
-    EXPECT_EQ(riDeclare(name, declaration), nullptr);
-    EXPECT_EQ(find(name.c_str()), nullptr);
-    ASSERT_EQ(lines().size(), 1u);
-    EXPECT_EQ(lines()[0], std::string("error: Declare type syntax error. bad declaration \"") +
-                              declaration + "\"");
+    RiLastError = 0;
+    const Token* before = find(c.name);
+    const Token* got = c.full          ? declare(c.name, 0x7503, c.declaration, 1)
+                       : c.declaration ? record(riDeclare(c.name, c.declaration))
+                                       : declare(c.name, 0x7400, nullptr, 0);
+    EXPECT_EQ(got, nullptr);
+    EXPECT_EQ(find(c.name), before);
+    EXPECT_EQ(lines(), std::vector<std::string>{
+                           "error: Declare type syntax error. bad declaration \"" + text + "\""});
     EXPECT_EQ(RiLastError, 47);
+    EXPECT_EQ(Error::fFuncName, nullptr);  // RiDeclare names no call
   }
-}
-
-TEST_F(Declare, BadDeclarationOfAKnownNameLeavesItsRecord) {
-  EXPECT_EQ(riDeclare("P", "float x"), nullptr);
-  ASSERT_EQ(lines().size(), 1u);
-  EXPECT_EQ(lines()[0], "error: Declare type syntax error. bad declaration \"float x\"");
   EXPECT_EQ(record(RI_P)->type, TypePoint);
-  EXPECT_EQ(find("P"), record(RI_P));
-}
-
-TEST_F(Declare, RiDeclareNamesNoCall) {
-  EXPECT_EQ(riDeclare("decl_unnamed", "bad"), nullptr);
-  ASSERT_EQ(lines().size(), 1u);
-  EXPECT_EQ(lines()[0], "error: Declare type syntax error. bad declaration \"bad\"");
-  EXPECT_EQ(Error::fFuncName, nullptr);
-}
-
-TEST_F(Declare, NullDeclarationIsReportedAsTheTextNull) {
-  EXPECT_EQ(declare("decl_nulltext", 0x7400, nullptr, 0), nullptr);
-  ASSERT_EQ(lines().size(), 1u);
-  EXPECT_EQ(lines()[0], "error: Declare type syntax error. bad declaration \"null\"");
-  EXPECT_EQ(find("decl_nulltext"), nullptr);
-}
-
-TEST_F(Declare, FullGrammarAdmitsVertexAndAnArraySize) {
-  const Token* v = declare("decl_full_vertex", 0x7500, "vertex point", 1);
-  ASSERT_NE(v, nullptr);
-  EXPECT_EQ(v->tokenClass, ClassVertex);
-  EXPECT_EQ(v->type, TypePoint);
-
-  const Token* sized = declare("decl_full_sized", 0x7501, " varying float [ 3 ] ", 1);
-  ASSERT_NE(sized, nullptr);
-  EXPECT_EQ(sized->tokenClass, ClassVarying);
-  EXPECT_EQ(sized->size, 3);
-  EXPECT_EQ(declare("decl_full_tight", 0x7502, "float[12]", 1)->size, 12);
-  EXPECT_TRUE(lines().empty());
-
-  const char* const bad[] = {"float[]", "float[3", "float[3] x", "float[x]", "vertex"};
-  for (const char* declaration : bad) {
-    SCOPED_TRACE(declaration);
-    lines().clear();
-    EXPECT_EQ(declare("decl_full_bad", 0x7503, declaration, 1), nullptr);
-    ASSERT_EQ(lines().size(), 1u);
-    EXPECT_EQ(lines()[0], std::string("error: Declare type syntax error. bad declaration \"") +
-                              declaration + "\"");
-  }
 }
 
 TEST_F(Declare, TypedFormGivesATypedTokenAClass) {

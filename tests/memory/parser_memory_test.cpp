@@ -28,12 +28,17 @@ int16_t parse1Failing(RecordingParser& p, Arm arm) {
   return more;
 }
 
+void previousHandler() {}
+
+// The failure handler in force before the call is back after it.
 TEST(MemoryFailure, WhileReadingAStringIsCode15) {
   ReportCollector reports;
   // Two quotes glued behind the long string keep the quotes paired when the
   // rest of its text is skipped as words during recovery.
   RecordingParser p("Surface \"" + std::string(2000, 'a') + "\"\"\nWorldEnd\n");
+  std::new_handler outside = std::set_new_handler(previousHandler);
   EXPECT_EQ(parse1Failing(p, [] { failingallocator::failAbove(1000); }), 1);
+  EXPECT_EQ(std::set_new_handler(outside), &previousHandler);
   EXPECT_EQ(failingallocator::failures(), 1u);
   EXPECT_TRUE(p.ran.empty());
   EXPECT_EQ(reports.lines(),
@@ -112,16 +117,6 @@ TEST(MemoryFailure, ParameterValueCopyFailureDropsOnlyThatRequest) {
             Names{"severe RIB error: generic instance of insufficient memory at line 1 "
                   "'Surface': Free store exhausted"});
   EXPECT_EQ(p.ranNames(), (Names{"Surface", "Surface", "WorldEnd"}));
-}
-
-void previousHandler() {}
-
-TEST(MemoryFailure, PreviousFailureHandlerIsBackAfterTheCall) {
-  ReportCollector reports;
-  RecordingParser p("Surface \"" + std::string(2000, 'a') + "\" WorldEnd");
-  std::new_handler outside = std::set_new_handler(previousHandler);
-  parse1Failing(p, [] { failingallocator::failAbove(1000); });
-  EXPECT_EQ(std::set_new_handler(outside), &previousHandler);
 }
 
 }  // namespace

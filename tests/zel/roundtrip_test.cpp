@@ -9,13 +9,6 @@
 
 namespace {
 
-// Parameter values sized exactly, so that a read past the count is an
-// AddressSanitizer report rather than a quiet extra number.
-template <typename T>
-std::vector<T> exactly(std::initializer_list<T> values) {
-  return std::vector<T>(values);
-}
-
 std::vector<float> awkwardFloats() {
   std::vector<float> values = {
       0.0f,           -0.0f,           0.1f,         1.0f / 3.0f,
@@ -89,10 +82,11 @@ TEST_F(ZelTest, TextKeepsEveryByte) {
 }
 
 TEST_F(ZelTest, ParameterValuesOfEveryTypeComeBack) {
-  auto floats = exactly<float>({0.25f, 0.5f});
-  auto points = exactly<float>({1, 2, 3, 4, 5, 6});
-  auto colors = exactly<float>({0.1f, 0.2f, 0.3f});
-  auto ints = exactly<int32_t>({10, -20});
+  // Sized exactly, so that a read past the count is an AddressSanitizer
+  // report rather than a quiet extra number.
+  std::vector<float> floats = {0.25f, 0.5f}, points = {1, 2, 3, 4, 5, 6},
+                     colors = {0.1f, 0.2f, 0.3f};
+  std::vector<int32_t> ints = {10, -20};
   const char* texts[] = {"map.tex", nullptr, "caf\xE9"};
   ZelParam infos[] = {{"Kd", 0x000D, 1, 1, 2},          {"P", 0x0001, 4, 3, 6},
                       {"Cs", 0x0006, 5, 2, 3},          {"origin", 0xFF15, 2, 1, 2},
@@ -129,7 +123,7 @@ TEST_F(ZelTest, ParameterValuesOfEveryTypeComeBack) {
 }
 
 TEST_F(ZelTest, ParameterLineIsWrittenExactly) {
-  auto origin = exactly<int32_t>({10, 20});
+  std::vector<int32_t> origin = {10, 20};
   ZelParam info = {"origin", 0xFF15, 2, 1, 2};
   uint16_t code = 0xFF15;
   RtPointer value = origin.data();

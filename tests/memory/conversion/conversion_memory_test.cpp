@@ -97,11 +97,7 @@ struct run {
 
 std::vector<std::string> readRecords(const fs::path& p, std::string& unreadable) {
   try {
-    std::ifstream check(p, std::ios::binary);
-    ZelReader reader(check);
-    ZelRecord record;
-    while (reader.next(record)) {
-    }
+    readZelFile(p.string());
   } catch (const ZelReadError& e) {
     unreadable = e.what();
   }
