@@ -65,38 +65,39 @@ uint32_t bigEndian4(const unsigned char* at) {
   return uint32_t{at[0]} << 24 | uint32_t{at[1]} << 16 | uint32_t{at[2]} << 8 | at[3];
 }
 
-// A read that fails adds nothing, so a cut stream gives a short value; `cut`
-// is set then.
-[[gnu::noinline]] uint32_t takeBytesOneByOne(bytesource::cursor& in, unsigned n, bool& cut) {
-  uint32_t value = 0;
+// A read that fails adds nothing, so a cut stream gives a short value; bit 32
+// of the result is then set (kept apart from the value so that the common
+// path tests a register, not a flag in memory).
+constexpr uint64_t kCut = uint64_t{1} << 32;
+
+[[gnu::noinline]] uint64_t takeBytesOneByOne(bytesource::cursor& in, unsigned n) {
+  uint64_t value = 0;
   for (; n > 0; --n) {
     unsigned char b;
-    if (in.get(b)) {
-      value = value * 256 + b;
-    } else {
-      cut = true;
-    }
+    value = in.get(b) ? (value & ~kCut) << 8 | b | (value & kCut) : value | kCut;
   }
   return value;
 }
 
-inline uint32_t takeBytes(bytesource::cursor& in, unsigned n, bool& cut) {
+inline uint64_t takeBytes(bytesource::cursor& in, unsigned n) {
   if (in.buffered() >= n) return bigEndian(in.take(n), n);
-  return takeBytesOneByOne(in, n, cut);
+  return takeBytesOneByOne(in, n);
 }
 
 }  // namespace
 
-void lexanrib::noteCut() {
+// Out of the way of the common path, which only tests for it.
+[[gnu::cold, gnu::noinline]] void lexanrib::noteCut() {
   if (reportLosses) RIBError(14, 2, "A binary token is cut short by the end of the stream");
 }
 
-uint32_t lexanrib::scanbinlong(uint16_t n) {
+// Used in this file only, and inlined into its callers as it was before the
+// cut test came in.
+[[gnu::always_inline]] inline uint32_t lexanrib::scanbinlong(uint16_t n) {
   bytesource::cursor in(stream);
-  bool cut = false;
-  const uint32_t value = takeBytes(in, n, cut);
-  if (cut) noteCut();
-  return value;
+  const uint64_t value = takeBytes(in, n);
+  if (value & kCut) noteCut();
+  return static_cast<uint32_t>(value);
 }
 
 // 1000ddww: w + 1 value bytes, d of them (or more) fraction bytes.
@@ -109,9 +110,9 @@ int16_t lexanrib::scanbinnumber(unsigned char c) {
     intvalue = static_cast<int32_t>(bigEndian4(in.peek()) >> (8 * (3 - width)));
     in.take(width + 1);
   } else {
-    bool cut = false;
-    intvalue = static_cast<int32_t>(takeBytes(in, width + 1, cut));
-    if (cut) noteCut();
+    const uint64_t value = takeBytes(in, width + 1);
+    if (value & kCut) noteCut();
+    intvalue = static_cast<int32_t>(value);
   }
   if (fraction == 0) return LEXINT;
   // Dividing by a power of two is exact in double; the narrowing rounds once.
@@ -135,7 +136,7 @@ int16_t lexanrib::scanbinstring(unsigned char c) {
   return LEXSTRING;
 }
 
-int16_t lexanrib::scanbinfloat(unsigned char) {
+[[gnu::always_inline]] inline int16_t lexanrib::scanbinfloat(unsigned char) {
   floatvalue = std::bit_cast<float>(scanbinlong(4));
   return LEXFLOAT;
 }
@@ -161,7 +162,9 @@ int16_t lexanrib::scanbinfloats(unsigned char c) {
       // The floats the block holds whole are taken in one run.
       const uint32_t run = static_cast<uint32_t>(std::min<size_t>(count - i, in.buffered() / 4));
       if (run == 0) {
-        out.push(std::bit_cast<float>(takeBytes(in, 4, cut)));
+        const uint64_t value = takeBytes(in, 4);
+        cut = cut || (value & kCut);
+        out.push(std::bit_cast<float>(static_cast<uint32_t>(value)));
         ++i;
         continue;
       }

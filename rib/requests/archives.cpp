@@ -3,6 +3,7 @@
 // reader that named it; the outermost reader steps the innermost one (see
 // extendedrib::parse1), so reports, progress and cancelling work inside
 // archives as outside.
+#include <cinttypes>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -173,6 +174,11 @@ std::string extendedrib::resolve(const std::string& name) const {
 }
 
 bool extendedrib::enterable(const std::string& name, const std::string& identity) {
+  if (state_->plays >= archivestate::kMaxPlays) {
+    lex.RIBError(12, 2, "More than %" PRIu64 " archives played: \"%s\" is not read",
+                 archivestate::kMaxPlays, name.c_str());
+    return false;
+  }
   if (state_->stack.size() >= archivestate::kMaxDepth) {
     lex.RIBError(12, 2, "Archives nested more than %zu deep: \"%s\" is not read",
                  archivestate::kMaxDepth, name.c_str());
@@ -181,8 +187,12 @@ bool extendedrib::enterable(const std::string& name, const std::string& identity
   bool cycle = identity == state_->outermost->identity_;
   for (const archivestate::frame& f : state_->stack)
     cycle = cycle || identity == f.reader->identity_;
-  if (cycle) lex.RIBError(2, 2, "Archive \"%s\" reads itself", name.c_str());
-  return !cycle;
+  if (cycle) {
+    lex.RIBError(2, 2, "Archive \"%s\" reads itself", name.c_str());
+    return false;
+  }
+  ++state_->plays;
+  return true;
 }
 
 void extendedrib::pushArchive(std::unique_ptr<bytesource> source,

@@ -3,6 +3,7 @@
 // path. Owned by the outermost reader.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -24,6 +25,9 @@ struct archivestate {
   };
 
   static constexpr size_t kMaxDepth = 64;
+  // Archives that read others several times each could make a small file play
+  // an astronomical number of requests; a conversion plays at most this many.
+  static constexpr uint64_t kMaxPlays = 1000000;
 
   archiveopener* opener = nullptr;
   extendedrib* outermost = nullptr;
@@ -35,4 +39,5 @@ struct archivestate {
   // Option "searchpath" "archive": the folders to try, in order.
   std::vector<std::string> searchpath;
   bool toldNotExpanded = false;
+  uint64_t plays = 0;
 };

@@ -15,10 +15,13 @@ struct growingcase {
   const char* what;
   uint64_t n;  // the smaller size; the larger is 4n
   std::function<void(feeder&, uint64_t)> input;
+  bool extended = false;  // read with rib2zel --extended
 };
 
 double cpuFor(const growingcase& c, uint64_t n) {
-  const childresult r = runchild({{"--parse-only", "-"}, [&c, n](feeder& f) { c.input(f, n); }});
+  std::vector<std::string> args{"--parse-only", "-"};
+  if (c.extended) args.insert(args.begin(), "--extended");
+  const childresult r = runchild({args, [&c, n](feeder& f) { c.input(f, n); }});
   EXPECT_TRUE(r.status == 0 || r.status == 1) << "status " << r.status;
   return r.cpuSeconds;
 }
@@ -63,6 +66,12 @@ TEST(LinearTime, FourTimesTheInputTakesAboutFourTimesAsLong) {
                     "\n";
          }
        }},
+      {"plays of an inline archive", 100000,
+       [](feeder& f, uint64_t n) {
+         f << "ArchiveBegin \"a\" Translate 1 0 0 Sphere 1 -1 1 360 ArchiveEnd\n";
+         f.repeat("ReadArchive \"a\"\n", n);
+       },
+       true},
   };
   for (const growingcase& c : cases) {
     SCOPED_TRACE(c.what);
