@@ -34,24 +34,11 @@ while [ $# -gt 0 ]; do
     *) echo "batch_bench: unknown argument '$1'" >&2; usage >&2; exit 2 ;;
   esac
 done
-generator=$repo/../shared/bench/gen_big_rib.py
-if [ ! -f "$generator" ]; then
-  echo "batch_bench: the workload generator $generator is missing" >&2
-  exit 2
-fi
+script=batch_bench
+source "$repo/bench/common.sh"
 
 # --- build -------------------------------------------------------------------
-if [ ! -f "$build/CMakeCache.txt" ]; then
-  cmake -S "$repo" -B "$build" -DCMAKE_BUILD_TYPE=Release -DRZ_GUI=OFF -DRZ_TESTS=OFF >/dev/null
-fi
-if ! cmake --build "$build" --target rib2zel runstat -j"$(nproc)" >"$build/bench-build.log" 2>&1; then
-  tail -n 30 "$build/bench-build.log" >&2
-  echo "batch_bench: building rib2zel and runstat failed" >&2
-  exit 2
-fi
-find_program() {
-  find "$build" -maxdepth 3 -type f -name "$1" -perm -u+x | head -n 1
-}
+build_targets rib2zel runstat
 rib2zel=$(find_program rib2zel)
 runstat=$(find_program runstat)
 if [ -z "$rib2zel" ] || [ -z "$runstat" ]; then

