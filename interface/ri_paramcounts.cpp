@@ -59,14 +59,16 @@ PrimitiveCounts generalPolygonCounts(RtInt nloops, const RtInt nverts[]) {
 }
 
 PrimitiveCounts pointsPolygonsCounts(RtInt npolys, const RtInt nverts[], const RtInt verts[]) {
-  int64_t points = highest(verts, sum(nverts, npolys)) + 1;
-  return {npolys, points, points, sum(nverts, npolys)};
+  const int64_t faceVertices = sum(nverts, npolys);
+  const int64_t points = highest(verts, faceVertices) + 1;
+  return {npolys, points, points, faceVertices};
 }
 
 PrimitiveCounts pointsGeneralPolygonsCounts(RtInt npolys, const RtInt nloops[],
                                             const RtInt nverts[], const RtInt verts[]) {
-  int64_t points = highest(verts, sum(nverts, sum(nloops, npolys))) + 1;
-  return {npolys, points, points, sum(nverts, sum(nloops, npolys))};
+  const int64_t faceVertices = sum(nverts, sum(nloops, npolys));
+  const int64_t points = highest(verts, faceVertices) + 1;
+  return {npolys, points, points, faceVertices};
 }
 
 PrimitiveCounts patchCounts(RtToken type) {
