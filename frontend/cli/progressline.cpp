@@ -14,13 +14,13 @@ progressline::progressline(bool enabled, writer write, clock::time_point start)
     : enabled_(enabled), write_(std::move(write)), start_(start), lastDraw_(start) {}
 
 void progressline::update(uint64_t bytes, double fraction, clock::time_point now) {
+  if (!due(now)) return;
   update(now, [&](double seconds) { return progresstext(bytes, fraction, seconds); });
 }
 
 void progressline::update(clock::time_point now,
                           const std::function<std::string(double seconds)>& make) {
-  if (!enabled_ || now - start_ < kDelay) return;
-  if (shownLength_ > 0 && now - lastDraw_ < kInterval) return;
+  if (!due(now)) return;
   std::string text = make(std::chrono::duration<double>(now - start_).count());
   // Blanks cover what is left of a longer previous line; no terminal escapes needed.
   size_t length = text.size();

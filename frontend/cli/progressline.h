@@ -29,6 +29,13 @@ class progressline {
   void erase();
 
  private:
+  // Whether a line is to be drawn now; asked before any text is made, for
+  // update runs once per statement.
+  bool due(clock::time_point now) const {
+    if (!enabled_ || now - start_ < kDelay) return false;
+    return shownLength_ == 0 || now - lastDraw_ >= kInterval;
+  }
+
   bool enabled_;
   writer write_;
   clock::time_point start_;
