@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <memory>
 
 #include "interface/error.h"
 #include "rib/bytesource.h"
+#include "rib/requests/extendedrib.h"
 #include "rib/requests/rendrib.h"
 #include "zel/zellib.h"
 
@@ -32,7 +34,7 @@ std::string readAll(std::FILE* f) {
 
 }  // namespace
 
-Conversion convert(std::string_view rib) {
+Conversion convert(std::string_view rib, bool extended) {
   Conversion c;
   gLog = &c.log;
   gMessages = &c.messages;
@@ -42,9 +44,14 @@ Conversion convert(std::string_view rib) {
   zelOutputToStream(out);
   {
     memorybytesource source(rib.data(), rib.size());
-    rendrib reader(source);
-    reader.errorPrinter(collectLog);
-    while (reader.parse1()) {
+    std::unique_ptr<rendrib> reader;
+    if (extended) {
+      reader = std::make_unique<extendedrib>(source, "stdin", "", nullptr);
+    } else {
+      reader = std::make_unique<rendrib>(source);
+    }
+    reader->errorPrinter(collectLog);
+    while (reader->parse1()) {
     }
   }
   zelFlush();

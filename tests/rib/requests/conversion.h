@@ -1,4 +1,4 @@
-// Runs RIB text through rendrib, statement by statement as the front ends do,
+// Runs RIB text through rendrib (or extendedrib), statement by statement as the front ends do,
 // and gathers what came out: the reader's report lines, the Ri layer's and the
 // scene library's message lines, and the scene records read back from the
 // ZEL text that the library wrote.
@@ -23,7 +23,8 @@ struct Conversion {
   ZelRecord only(std::string_view op) const;
 };
 
-Conversion convert(std::string_view rib);
+// `extended` reads with the extended reader (inline archives only).
+Conversion convert(std::string_view rib, bool extended = false);
 
 // A bracketed run of `count` numbers counting up from `first`: the values of
 // a parameter whose size is all that matters.
