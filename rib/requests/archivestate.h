@@ -11,6 +11,7 @@
 
 #include "rib/archiveopener.h"
 #include "rib/bytesource.h"
+#include "rib/requests/sceneblocks.h"
 
 class extendedrib;
 
@@ -39,5 +40,7 @@ struct archivestate {
   // Option "searchpath" "archive": the folders to try, in order.
   std::vector<std::string> searchpath;
   bool toldNotExpanded = false;
+  // The resource, conditional and edit blocks open, innermost last.
+  std::vector<sceneblock> blocks;
   uint64_t plays = 0;
 };
