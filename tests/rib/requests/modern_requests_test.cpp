@@ -71,23 +71,23 @@ void expectCases(const std::vector<Case>& cases, bool extended) {
 TEST(ModernRequests, GoodFormsAreRecordedAsTheyStand) {
   expectCases(
       {
-          {"Bxdf \"PxrSurface\" \"s1\" \"reference color baseColor\" [\"tex:resultRGB\"]"
+          {"Bxdf \"SurfaceNode\" \"s1\" \"reference color baseColor\" [\"tex:resultRGB\"]"
            " \"float gain\" [0.5]",
            {},
-           {"ShadingNodeV 3328 \"PxrSurface\" \"s1\" | baseColor 10/1/1 [\"tex:resultRGB\"] "
+           {"ShadingNodeV 3328 \"SurfaceNode\" \"s1\" | baseColor 10/1/1 [\"tex:resultRGB\"] "
             "gain 1/1/1 [0.5]"}},
-          {"Pattern \"PxrTexture\" \"t\" Light \"PxrDomeLight\" \"l\" Integrator \"PxrPathTracer\" "
-           "\"i\" Displace \"PxrDisplace\" \"d\" DisplayFilter \"PxrBackgroundDisplayFilter\" "
+          {"Pattern \"TextureNode\" \"t\" Light \"DomeLightNode\" \"l\" Integrator \"PathTracerNode\" "
+           "\"i\" Displace \"DisplaceNode\" \"d\" DisplayFilter \"BackgroundDisplayFilter\" "
            "\"f\" "
-           "SampleFilter \"PxrFilmic\" \"sf\" LightFilter \"PxrBlocker\" \"b\" Shader \"dirt\" "
+           "SampleFilter \"FilmicNode\" \"sf\" LightFilter \"BlockerNode\" \"b\" Shader \"dirt\" "
            "\"h\"",
            {},
-           {"ShadingNodeV 3329 \"PxrTexture\" \"t\" |",
-            "ShadingNodeV 3330 \"PxrDomeLight\" \"l\" |",
-            "ShadingNodeV 3331 \"PxrPathTracer\" \"i\" |",
-            "ShadingNodeV 3332 \"PxrDisplace\" \"d\" |",
-            "ShadingNodeV 3333 \"PxrBackgroundDisplayFilter\" \"f\" |",
-            "ShadingNodeV 3334 \"PxrFilmic\" \"sf\" |", "ShadingNodeV 3335 \"PxrBlocker\" \"b\" |",
+           {"ShadingNodeV 3329 \"TextureNode\" \"t\" |",
+            "ShadingNodeV 3330 \"DomeLightNode\" \"l\" |",
+            "ShadingNodeV 3331 \"PathTracerNode\" \"i\" |",
+            "ShadingNodeV 3332 \"DisplaceNode\" \"d\" |",
+            "ShadingNodeV 3333 \"BackgroundDisplayFilter\" \"f\" |",
+            "ShadingNodeV 3334 \"FilmicNode\" \"sf\" |", "ShadingNodeV 3335 \"BlockerNode\" \"b\" |",
             "ShadingNodeV 3336 \"dirt\" \"h\" |"}},
           {"Pattern \"p\" \"h\" \"uniform reference float[2] uv\" [\"a:x\" \"b:y\"]",
            {},
@@ -138,7 +138,7 @@ TEST(ModernRequests, BadFormsAreReportedAndReadingGoesOn) {
   const char* next = " Sphere 1 -1 1 360";
   const std::string sphere = "SphereV 1 -1 1 360 |";
   std::vector<Case> cases = {
-      {"Bxdf \"PxrSurface\"",
+      {"Bxdf \"SurfaceNode\"",
        {"RIB error: general syntactic error at line 1 'Sphere': Expected String"},
        {}},
       {"Light 1 \"h\"", {"RIB error: general syntactic error at line 1 '1': Expected String"}, {}},
