@@ -99,11 +99,12 @@ void extendedrib::ResourceEnd() {
   if (closes(sceneblock::Resource)) RiResourceEnd();
 }
 
+// An expression is text, not a name: "null" stays the text "null".
 void extendedrib::IfBegin() {
   String expression;
   if (!match(&expression)) return;
   opens(sceneblock::If);
-  RiIfBegin(ritext(expression));
+  RiIfBegin(const_cast<char*>(expression.c_str()));
 }
 
 void extendedrib::ElseIf() {
@@ -114,7 +115,7 @@ void extendedrib::ElseIf() {
                  static_cast<unsigned long>(state_->blocks.back().line));
     return;
   }
-  RiElseIf(ritext(expression));
+  RiElseIf(const_cast<char*>(expression.c_str()));
 }
 
 void extendedrib::Else() {
