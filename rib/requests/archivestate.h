@@ -41,6 +41,6 @@ struct archivestate {
   std::vector<std::string> searchpath;
   bool toldNotExpanded = false;
   // The resource, conditional and edit blocks open, innermost last.
-  std::vector<sceneblock> blocks;
+  sceneblocks blocks;
   uint64_t plays = 0;
 };

@@ -28,14 +28,13 @@ const blockwords kWords[] = {{"ResourceBegin", "ResourceEnd"},
 }  // namespace
 
 void extendedrib::opens(uint8_t kind) {
-  state_->blocks.push_back({static_cast<sceneblock::kind>(kind), lex.lastline});
+  state_->blocks.stack.push_back({static_cast<sceneblock::kind>(kind), lex.lastline});
+  ++state_->blocks.open[kind];
 }
 
 bool extendedrib::closes(uint8_t kind) {
-  std::vector<sceneblock>& blocks = state_->blocks;
-  bool open = false;
-  for (const sceneblock& b : blocks) open = open || b.what == kind;
-  if (!open) {
+  std::vector<sceneblock>& blocks = state_->blocks.stack;
+  if (state_->blocks.open[kind] == 0) {
     lex.RIBError(16, 2, "%s without %s", kWords[kind].end, kWords[kind].begin);
     return false;
   }
@@ -45,14 +44,15 @@ bool extendedrib::closes(uint8_t kind) {
     return false;
   }
   blocks.pop_back();
+  --state_->blocks.open[kind];
   return true;
 }
 
 // Whether an ElseIf or Else stands in the innermost block, an open If.
 bool extendedrib::inIf(const char* request) {
-  const std::vector<sceneblock>& blocks = state_->blocks;
+  const std::vector<sceneblock>& blocks = state_->blocks.stack;
   if (!blocks.empty() && blocks.back().what == sceneblock::If) return true;
-  if (blocks.empty()) {
+  if (state_->blocks.open[sceneblock::If] == 0) {
     lex.RIBError(16, 2, "%s without IfBegin", request);
   } else {
     lex.RIBError(16, 2, "%s while the %s of line %lu is open", request,
@@ -61,14 +61,20 @@ bool extendedrib::inIf(const char* request) {
   return false;
 }
 
-// At the end of the stream, innermost first.
+// At the end of the stream, innermost first; a stream that leaves thousands
+// open gets a count for all but the first few.
 void extendedrib::reportOpenBlocks() {
-  std::vector<sceneblock>& blocks = state_->blocks;
-  for (auto b = blocks.rbegin(); b != blocks.rend(); ++b) {
-    lex.RIBError(16, 2, "%s of line %lu has no %s", kWords[b->what].begin,
-                 static_cast<unsigned long>(b->line), kWords[b->what].end);
+  constexpr size_t kNamed = 16;
+  std::vector<sceneblock>& blocks = state_->blocks.stack;
+  for (size_t i = 0; i < blocks.size() && i < kNamed; ++i) {
+    const sceneblock& b = blocks[blocks.size() - 1 - i];
+    lex.RIBError(16, 2, "%s of line %lu has no %s", kWords[b.what].begin,
+                 static_cast<unsigned long>(b.line), kWords[b.what].end);
   }
-  blocks.clear();
+  if (blocks.size() > kNamed) {
+    lex.RIBError(16, 2, "%zu more blocks have no end", blocks.size() - kNamed);
+  }
+  state_->blocks = sceneblocks();
 }
 
 void extendedrib::Resource() {
@@ -110,9 +116,9 @@ void extendedrib::IfBegin() {
 void extendedrib::ElseIf() {
   String expression;
   if (!match(&expression) || !inIf("ElseIf")) return;
-  if (state_->blocks.back().elseSeen) {
+  if (state_->blocks.stack.back().elseSeen) {
     lex.RIBError(16, 2, "ElseIf after the Else of the IfBegin of line %lu",
-                 static_cast<unsigned long>(state_->blocks.back().line));
+                 static_cast<unsigned long>(state_->blocks.stack.back().line));
     return;
   }
   RiElseIf(const_cast<char*>(expression.c_str()));
@@ -120,7 +126,7 @@ void extendedrib::ElseIf() {
 
 void extendedrib::Else() {
   if (!inIf("Else")) return;
-  sceneblock& block = state_->blocks.back();
+  sceneblock& block = state_->blocks.stack.back();
   if (block.elseSeen) {
     lex.RIBError(16, 2, "A second Else for the IfBegin of line %lu",
                  static_cast<unsigned long>(block.line));
