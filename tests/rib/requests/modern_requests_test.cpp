@@ -3,6 +3,7 @@
 // request, and the classic reader refusing them as before.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -76,7 +77,8 @@ TEST(ModernRequests, GoodFormsAreRecordedAsTheyStand) {
            {},
            {"ShadingNodeV 3328 \"SurfaceNode\" \"s1\" | baseColor 10/1/1 [\"tex:resultRGB\"] "
             "gain 1/1/1 [0.5]"}},
-          {"Pattern \"TextureNode\" \"t\" Light \"DomeLightNode\" \"l\" Integrator \"PathTracerNode\" "
+          {"Pattern \"TextureNode\" \"t\" Light \"DomeLightNode\" \"l\" Integrator "
+           "\"PathTracerNode\" "
            "\"i\" Displace \"DisplaceNode\" \"d\" DisplayFilter \"BackgroundDisplayFilter\" "
            "\"f\" "
            "SampleFilter \"FilmicNode\" \"sf\" LightFilter \"BlockerNode\" \"b\" Shader \"dirt\" "
@@ -87,8 +89,8 @@ TEST(ModernRequests, GoodFormsAreRecordedAsTheyStand) {
             "ShadingNodeV 3331 \"PathTracerNode\" \"i\" |",
             "ShadingNodeV 3332 \"DisplaceNode\" \"d\" |",
             "ShadingNodeV 3333 \"BackgroundDisplayFilter\" \"f\" |",
-            "ShadingNodeV 3334 \"FilmicNode\" \"sf\" |", "ShadingNodeV 3335 \"BlockerNode\" \"b\" |",
-            "ShadingNodeV 3336 \"dirt\" \"h\" |"}},
+            "ShadingNodeV 3334 \"FilmicNode\" \"sf\" |",
+            "ShadingNodeV 3335 \"BlockerNode\" \"b\" |", "ShadingNodeV 3336 \"dirt\" \"h\" |"}},
           {"Pattern \"p\" \"h\" \"uniform reference float[2] uv\" [\"a:x\" \"b:y\"]",
            {},
            {"ShadingNodeV 3329 \"p\" \"h\" | uv 10/1/2 [\"a:x\" \"b:y\"]"}},
@@ -198,14 +200,42 @@ TEST(ModernRequests, BlocksLeftOpenAreReportedAtTheEnd) {
 }
 
 TEST(ModernRequests, TheClassicReaderRefusesThemAsBefore) {
+  for (const char* word : {"Bxdf",
+                           "Pattern",
+                           "Light",
+                           "Integrator",
+                           "Displace",
+                           "DisplayFilter",
+                           "SampleFilter",
+                           "LightFilter",
+                           "Shader",
+                           "Camera",
+                           "CoordSysTransform",
+                           "ScopedCoordinateSystem",
+                           "ClippingPlane",
+                           "GeometricRepresentation",
+                           "DisplayChannel",
+                           "MakeBrickMap",
+                           "Resource",
+                           "ResourceBegin",
+                           "ResourceEnd",
+                           "IfBegin",
+                           "ElseIf",
+                           "Else",
+                           "IfEnd",
+                           "EditBegin",
+                           "EditEnd",
+                           "EditWorldBegin",
+                           "EditWorldEnd",
+                           "EditAttributeBegin",
+                           "EditAttributeEnd"}) {
+    expectCases({{(std::string(word) + " \"a\" Sphere 1 -1 1 360").c_str(),
+                  {"RIB error: undefined RIB request at line 1 '" + std::string(word) + "'"},
+                  {"SphereV 1 -1 1 360 |"}}},
+                false);
+  }
   expectCases(
       {
-          {"Bxdf \"a\" \"b\" Sphere 1 -1 1 360",
-           {"RIB error: undefined RIB request at line 1 'Bxdf'"},
-           {"SphereV 1 -1 1 360 |"}},
-          {"IfBegin \"1\" Sphere 1 -1 1 360",
-           {"RIB error: undefined RIB request at line 1 'IfBegin'"},
-           {"SphereV 1 -1 1 360 |"}},
           {"PixelFilter \"mitchell\" 2 2 Sphere 1 -1 1 360",
            {"RIB error: general syntactic error at line 1 '2': Unknown filter function "
             "'mitchell'"},
