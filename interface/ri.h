@@ -257,6 +257,9 @@ RI_SHADING_NODE(LightFilter)
 RI_SHADING_NODE(Shader)
 #undef RI_SHADING_NODE
 
+// Turns the Light node of the handle on or off for the current attributes.
+RtVoid RiIlluminateLight(RtToken handle, RtBoolean onoff);
+
 RtVoid RiCamera(RtToken name, ...);
 RtVoid RiCameraV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]);
 RtVoid RiCoordSysTransform(RtToken space);

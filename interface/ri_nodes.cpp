@@ -15,6 +15,10 @@ void node(uint16_t kind, RtToken type, RtToken handle, RtInt n, RtToken tokens[]
 
 }  // namespace
 
+RtVoid RiIlluminateLight(RtToken handle, RtBoolean onoff) {
+  _zelLightNodeSwitch(printableName(handle), onoff);
+}
+
 #define RI_SHADING_NODE_CALLS(name, kind)                                            \
   RtVoid Ri##name(RtToken type, RtToken handle, ...) {                               \
     RI_PLAIN_FORM(kUngated, RtVoid(), "Ri" #name, handle, node, kind, type, handle); \

@@ -10,6 +10,10 @@ void _zelShadingNodeV(uint16_t kind, const char* type, const char* handle, int32
   Record("ShadingNodeV", {n, codes, values}).i(kind).text(type).text(handle).end();
 }
 
+void _zelLightNodeSwitch(const char* handle, int16_t onoff) {
+  Record("LightNodeSwitch").text(handle).i(onoff).end();
+}
+
 void _zelCameraV(const char* name, int32_t n, const uint16_t* codes, const RtPointer* values) {
   Record("CameraV", {n, codes, values}).text(name).end();
 }

@@ -193,6 +193,8 @@ constexpr uint16_t kZelShader = 0x0D08;
 void _zelShadingNodeV(uint16_t kind, const char* type, const char* handle, int32_t n,
                       const uint16_t* codes, const RtPointer* values);
 
+void _zelLightNodeSwitch(const char* handle, int16_t onoff);
+
 void _zelCameraV(const char* name, int32_t n, const uint16_t* codes, const RtPointer* values);
 void _zelCoordSysTransform(uint16_t space);
 void _zelScopedMarkSpace(uint16_t space);

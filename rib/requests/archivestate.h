@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "rib/archiveopener.h"
@@ -42,5 +43,7 @@ struct archivestate {
   bool toldNotExpanded = false;
   // The resource, conditional and edit blocks open, innermost last.
   sceneblocks blocks;
+  // The handles of Light nodes, which Illuminate may name.
+  std::unordered_set<std::string> lightNodes;
   uint64_t plays = 0;
 };

@@ -116,7 +116,8 @@ class extendedrib : public rendrib {
 
   // Requests of later versions (see above).
   using NodeCall = RtVoid (*)(RtToken, RtToken, RtInt, RtToken[], RtPointer[]);
-  void shadingNode(NodeCall call);
+  // Reads and plays one node; gives its handle, or false after a fault.
+  bool shadingNode(NodeCall call, String* handle);
   void opens(uint8_t kind);
   bool closes(uint8_t kind);
   bool inIf(const char* request);

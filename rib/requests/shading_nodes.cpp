@@ -2,49 +2,60 @@
 // request played into its own Ri call. References between nodes arrive as
 // parameters of type reference (see inlinedeclaration.h).
 #include "interface/ri.h"
+#include "rib/requests/archivestate.h"
 #include "rib/requests/extendedrib.h"
 #include "rib/requests/handler_support.h"
 #include "rib/tokenvalue.h"
 
-void extendedrib::shadingNode(NodeCall call) {
-  String type, handle;
+bool extendedrib::shadingNode(NodeCall call, String* handle) {
+  String type;
   tokenvalue params;
-  if (!matchToken(&type) || !matchToken(&handle) || !match(params, 0)) return;
-  call(ritext(type), ritext(handle), listCount(params), params.tokens.data, params.values.data);
+  if (!matchToken(&type) || !matchToken(handle) || !match(params, 0)) return false;
+  call(ritext(type), ritext(*handle), listCount(params), params.tokens.data, params.values.data);
+  return true;
 }
 
 void extendedrib::Bxdf() {
-  shadingNode(RiBxdfV);
+  String handle;
+  shadingNode(RiBxdfV, &handle);
 }
 
 void extendedrib::Pattern() {
-  shadingNode(RiPatternV);
+  String handle;
+  shadingNode(RiPatternV, &handle);
 }
 
 void extendedrib::Light() {
-  shadingNode(RiLightV);
+  String handle;
+  if (shadingNode(RiLightV, &handle)) state_->lightNodes.insert(handle.c_str());
 }
 
 void extendedrib::Integrator() {
-  shadingNode(RiIntegratorV);
+  String handle;
+  shadingNode(RiIntegratorV, &handle);
 }
 
 void extendedrib::Displace() {
-  shadingNode(RiDisplaceV);
+  String handle;
+  shadingNode(RiDisplaceV, &handle);
 }
 
 void extendedrib::DisplayFilter() {
-  shadingNode(RiDisplayFilterV);
+  String handle;
+  shadingNode(RiDisplayFilterV, &handle);
 }
 
 void extendedrib::SampleFilter() {
-  shadingNode(RiSampleFilterV);
+  String handle;
+  shadingNode(RiSampleFilterV, &handle);
 }
 
 void extendedrib::LightFilter() {
-  shadingNode(RiLightFilterV);
+  String handle;
+  shadingNode(RiLightFilterV, &handle);
 }
 
 void extendedrib::Shader() {
-  shadingNode(RiShaderV);
+  String handle;
+  shadingNode(RiShaderV, &handle);
 }
