@@ -236,3 +236,73 @@ RtVoid RiMakeShadowV(char* picturename, char* texturename, RtInt n, RtToken toke
 // Writes a "comment" record (format and arguments as for printf, cut at 255
 // bytes); any other type, "structure" included, is dropped.
 RtVoid RiArchiveRecord(RtToken type, char* format, ...);
+
+// --- Requests of later versions: shading, cameras, scene blocks ------------------
+// Each is recorded as it stands. The plain forms take their parameter list
+// after the fixed arguments, ended by RI_NULL, as every other call does.
+
+// Shading nodes of path-tracing renderers: a plugin's name, the node's handle,
+// its parameters.
+#define RI_SHADING_NODE(name)                         \
+  RtVoid Ri##name(RtToken type, RtToken handle, ...); \
+  RtVoid Ri##name##V(RtToken type, RtToken handle, RtInt n, RtToken tokens[], RtPointer values[]);
+RI_SHADING_NODE(Bxdf)
+RI_SHADING_NODE(Pattern)
+RI_SHADING_NODE(Light)
+RI_SHADING_NODE(Integrator)
+RI_SHADING_NODE(Displace)
+RI_SHADING_NODE(DisplayFilter)
+RI_SHADING_NODE(SampleFilter)
+RI_SHADING_NODE(LightFilter)
+RI_SHADING_NODE(Shader)
+#undef RI_SHADING_NODE
+
+// Turns the Light node of the handle on or off for the current attributes.
+RtVoid RiIlluminateLight(RtToken handle, RtBoolean onoff);
+
+RtVoid RiCamera(RtToken name, ...);
+RtVoid RiCameraV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiCoordSysTransform(RtToken space);
+// As RiCoordinateSystem, for the enclosing attribute or transform block only.
+RtVoid RiScopedCoordinateSystem(RtToken space);
+RtVoid RiClippingPlane(RtFloat x, RtFloat y, RtFloat z, RtFloat nx, RtFloat ny, RtFloat nz);
+RtVoid RiGeometricRepresentation(RtToken type);
+RtVoid RiDisplayChannel(RtToken declaration, ...);
+RtVoid RiDisplayChannelV(RtToken declaration, RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiMakeBrickMap(RtInt nptc, RtString ptcnames[], RtString bkmname, ...);
+RtVoid RiMakeBrickMapV(RtInt nptc, RtString ptcnames[], RtString bkmname, RtInt n, RtToken tokens[],
+                       RtPointer values[]);
+
+RtVoid RiResource(RtToken handle, RtToken type, ...);
+RtVoid RiResourceV(RtToken handle, RtToken type, RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiResourceBegin();
+RtVoid RiResourceEnd();
+// Conditional blocks: the expressions test the renderer's options, so every
+// branch is recorded.
+RtVoid RiIfBegin(RtString expression);
+RtVoid RiElseIf(RtString expression);
+RtVoid RiElse();
+RtVoid RiIfEnd();
+RtVoid RiEditBegin(RtToken type, ...);
+RtVoid RiEditBeginV(RtToken type, RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiEditEnd();
+// These two have no fixed argument: the plain form's list starts at `token`
+// (RI_NULL there: no parameters).
+RtVoid RiEditWorldBegin(RtToken token, ...);
+RtVoid RiEditWorldBeginV(RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiEditWorldEnd();
+RtVoid RiEditAttributeBegin(RtToken token, ...);
+RtVoid RiEditAttributeBeginV(RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiEditAttributeEnd();
+
+// Classic requests by the names that later versions added and these calls'
+// classic forms refuse: any filter, projection, hider, display type or mode,
+// kept by name. A display name beginning with '+' is an additional output.
+RtVoid RiNamedPixelFilter(RtToken name, RtFloat xwidth, RtFloat ywidth);
+RtVoid RiNamedProjection(RtToken name, ...);
+RtVoid RiNamedProjectionV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiNamedHider(RtToken name, ...);
+RtVoid RiNamedHiderV(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiNamedDisplay(char* name, RtToken type, RtToken mode, ...);
+RtVoid RiNamedDisplayV(char* name, RtToken type, RtToken mode, RtInt n, RtToken tokens[],
+                       RtPointer values[]);

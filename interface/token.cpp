@@ -77,9 +77,10 @@ Token* declare(const char* name, uint16_t code, RiTokenType type, RiTokenClass t
                int32_t size) {
   if (Token* existing = find(name)) return existing;
   if (type != TypeNone && tokenClass == ClassNone) tokenClass = ClassUniform;
-  // Integers and strings have one value per primitive whatever classic class
+  // Integers, strings and references have one value per primitive whatever classic class
   // was declared.
-  if ((type == TypeInteger || type == TypeString) && tokenClass <= ClassVertex) {
+  if ((type == TypeInteger || type == TypeString || type == TypeReference) &&
+      tokenClass <= ClassVertex) {
     tokenClass = ClassUniform;
   }
   Token record(nameText(name), code, type, tokenClass, size);

@@ -31,6 +31,10 @@ enum RiTokenType : int32_t {
   TypeNormal = 7,
   TypeHPoint = 8,
   TypeMatrix = 9,
+  // A connection between shading nodes ("reference color baseColor"): each
+  // item is the text naming another node's output ("tex:resultRGB"), held as
+  // a string is. The type of the output it names is not kept.
+  TypeReference = 10,
 };
 
 // How many values a parameter holds.

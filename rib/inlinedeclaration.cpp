@@ -80,7 +80,10 @@ bool parseDeclaration(const char* text, bool withName, inlinedeclaration& out) {
   const char* at = text;
   std::string w = word(at);
   if (classOf(w, out.tokenClass)) w = word(at);
+  const bool reference = w == "reference";
+  if (reference) w = word(at);
   if (!typeOf(w, out.type) || !arraySize(at, out.size)) return false;
+  if (reference) out.type = TypeReference;
   out.name = word(at);
   while (isSpace(*at)) ++at;
   return *at == '\0' && out.name.empty() != withName;

@@ -1,9 +1,10 @@
 // The declaration grammar of later versions of the interface, for Declare and
 // for parameter names that carry their own declaration:
-//   [class] type ['[' n ']'] [name]
+//   [class] [reference] type ['[' n ']'] [name]
 // with the classes constant, uniform, varying, vertex, facevarying,
 // facevertex and the types float, integer (int), string, point, vector,
-// normal, color, hpoint, matrix.
+// normal, color, hpoint, matrix. A reference is of TypeReference, whatever
+// the type of the output it names.
 #pragma once
 
 #include <cstdint>

@@ -113,7 +113,8 @@ int16_t parserib::readValue(tokenvalue& tv, char* token, int16_t bracketed) {
     case TypeHPoint:
     case TypeMatrix:
       return readWide(tv, token, bracketed);
-    case TypeString: {
+    case TypeString:
+    case TypeReference: {
       if (options.extended && this->token == '[') return readStrings(tv, token);
       String value;
       if (!match(&value)) return 0;

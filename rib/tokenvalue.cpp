@@ -9,7 +9,9 @@ namespace {
 
 // Bytes of one item of a value of this type.
 size_t itemBytes(RiTokenType type) {
-  return type == TypeNone || type == TypeString ? 0 : 4 * size_t(floatsPerItem(type));
+  return type == TypeNone || type == TypeString || type == TypeReference
+             ? 0
+             : 4 * size_t(floatsPerItem(type));
 }
 
 // Items the buffer must hold whatever the stream gave: one element of the
@@ -61,7 +63,7 @@ tokenvalue::~tokenvalue() {
 
 void tokenvalue::append(char* const& token, RiTokenType type, uint32_t n, void* const* value) {
   std::unique_ptr<char[]> block;
-  if (type == TypeString) {
+  if (type == TypeString || type == TypeReference) {
     n = 1;
     const char* text = value ? *reinterpret_cast<char* const*>(value) : nullptr;
     const Token* t = token ? find(token) : nullptr;

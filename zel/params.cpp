@@ -18,6 +18,7 @@ enum : uint8_t {
   kNormal = 7,
   kHPoint = 8,
   kMatrix = 9,
+  kReference = 10,
 };
 
 bool holdsFloats(uint8_t type) {
@@ -96,7 +97,7 @@ void PendingParams::writeOne(std::string& out, const Info& info, const void* val
     appendFloats(out, static_cast<const float*>(value), info.count);
   } else if (info.type == kInteger) {
     appendInts(out, static_cast<const int32_t*>(value), info.count);
-  } else if (info.type == kString) {
+  } else if (info.type == kString || info.type == kReference) {
     writeStrings(out, static_cast<const char* const*>(value), info.count);
   } else {
     out += "[]";  // a keyword token, or a type with no known layout: nothing to read

@@ -89,7 +89,8 @@ void TRendApp::buildMenu() {
   extended->setObjectName("extended");
   extended->setCheckable(true);
   extended->setChecked(fExtended);
-  extended->setStatusTip("Read archives, string handles and inline declarations of later RIB");
+  extended->setStatusTip(
+      "Read the requests and forms of later RIB: archives, handles, shading nodes, cameras");
   connect(extended, &QAction::toggled, this, [this](bool on) { fExtended = on; });
 
   QMenu* help = fFrame->menuBar()->addMenu("&Help");

@@ -174,3 +174,57 @@ void _zelSystem(const char* command);
 // Errors: `which` is always 0x0B0F; `mode` is 0x0C00 ignore, 0x0C01 print, 0x0C02 abort.
 void _zelErrorHandler(uint16_t which, uint16_t mode);
 void _zelCustomErrorHandler(uint16_t which, RtErrorHandler handler);
+
+// --- Requests of later versions: shading nodes, cameras and spaces, scene
+// blocks, and classic requests by the names later versions added ---------------
+// Names travel as text here: they are plugin, camera, resource and channel
+// names that only the renderer that reads the scene knows.
+
+// The kind of a shading node.
+constexpr uint16_t kZelBxdf = 0x0D00;
+constexpr uint16_t kZelPattern = 0x0D01;
+constexpr uint16_t kZelLight = 0x0D02;
+constexpr uint16_t kZelIntegrator = 0x0D03;
+constexpr uint16_t kZelDisplace = 0x0D04;
+constexpr uint16_t kZelDisplayFilter = 0x0D05;
+constexpr uint16_t kZelSampleFilter = 0x0D06;
+constexpr uint16_t kZelLightFilter = 0x0D07;
+constexpr uint16_t kZelShader = 0x0D08;
+void _zelShadingNodeV(uint16_t kind, const char* type, const char* handle, int32_t n,
+                      const uint16_t* codes, const RtPointer* values);
+
+void _zelLightNodeSwitch(const char* handle, int16_t onoff);
+
+void _zelCameraV(const char* name, int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelCoordSysTransform(uint16_t space);
+void _zelScopedMarkSpace(uint16_t space);
+void _zelClippingPlane(float x, float y, float z, float nx, float ny, float nz);
+void _zelGeometricRepresentation(const char* type);
+void _zelDisplayChannelV(const char* declaration, int32_t n, const uint16_t* codes,
+                         const RtPointer* values);
+// `ptcs` holds nptc texts.
+void _zelMakeBrickMapV(int32_t nptc, const char* const* ptcs, const char* bkm, int32_t n,
+                       const uint16_t* codes, const RtPointer* values);
+
+void _zelResourceV(const char* handle, const char* type, int32_t n, const uint16_t* codes,
+                   const RtPointer* values);
+void _zelResourceBegin();
+void _zelResourceEnd();
+void _zelIfBegin(const char* expression);
+void _zelElseIf(const char* expression);
+void _zelElse();
+void _zelIfEnd();
+void _zelEditBeginV(const char* type, int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelEditEnd();
+void _zelEditWorldBeginV(int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelEditWorldEnd();
+void _zelEditAttributeBeginV(int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelEditAttributeEnd();
+
+void _zelNamedFilter(const char* name, float xwidth, float ywidth);
+void _zelNamedProjectionV(const char* name, int32_t n, const uint16_t* codes,
+                          const RtPointer* values);
+void _zelNamedHiderV(const char* name, int32_t n, const uint16_t* codes, const RtPointer* values);
+// A name beginning with '+' is an output in addition to the others.
+void _zelNamedDisplayV(const char* name, const char* type, const char* mode, int32_t n,
+                       const uint16_t* codes, const RtPointer* values);

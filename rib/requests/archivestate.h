@@ -7,10 +7,12 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "rib/archiveopener.h"
 #include "rib/bytesource.h"
+#include "rib/requests/sceneblocks.h"
 
 class extendedrib;
 
@@ -39,5 +41,9 @@ struct archivestate {
   // Option "searchpath" "archive": the folders to try, in order.
   std::vector<std::string> searchpath;
   bool toldNotExpanded = false;
+  // The resource, conditional and edit blocks open, innermost last.
+  sceneblocks blocks;
+  // The handles of Light nodes, which Illuminate may name.
+  std::unordered_set<std::string> lightNodes;
   uint64_t plays = 0;
 };

@@ -30,6 +30,40 @@ const extendedrequest kRequests[] = {
     {"Procedural2", &extendedrib::Procedural2}, {"System", &extendedrib::System},
 };
 
+// Shading nodes, cameras and spaces, resources, conditionals and edits
+// (shading_nodes.cpp, cameras_spaces.cpp, scene_blocks.cpp).
+const extendedrequest kShadingRequests[] = {
+    {"Bxdf", &extendedrib::Bxdf},
+    {"Pattern", &extendedrib::Pattern},
+    {"Light", &extendedrib::Light},
+    {"Integrator", &extendedrib::Integrator},
+    {"Displace", &extendedrib::Displace},
+    {"DisplayFilter", &extendedrib::DisplayFilter},
+    {"SampleFilter", &extendedrib::SampleFilter},
+    {"LightFilter", &extendedrib::LightFilter},
+    {"Shader", &extendedrib::Shader},
+    {"Camera", &extendedrib::Camera},
+    {"CoordSysTransform", &extendedrib::CoordSysTransform},
+    {"ScopedCoordinateSystem", &extendedrib::ScopedCoordinateSystem},
+    {"ClippingPlane", &extendedrib::ClippingPlane},
+    {"GeometricRepresentation", &extendedrib::GeometricRepresentation},
+    {"DisplayChannel", &extendedrib::DisplayChannel},
+    {"MakeBrickMap", &extendedrib::MakeBrickMap},
+    {"Resource", &extendedrib::Resource},
+    {"ResourceBegin", &extendedrib::ResourceBegin},
+    {"ResourceEnd", &extendedrib::ResourceEnd},
+    {"IfBegin", &extendedrib::IfBegin},
+    {"ElseIf", &extendedrib::ElseIf},
+    {"Else", &extendedrib::Else},
+    {"IfEnd", &extendedrib::IfEnd},
+    {"EditBegin", &extendedrib::EditBegin},
+    {"EditEnd", &extendedrib::EditEnd},
+    {"EditWorldBegin", &extendedrib::EditWorldBegin},
+    {"EditWorldEnd", &extendedrib::EditWorldEnd},
+    {"EditAttributeBegin", &extendedrib::EditAttributeBegin},
+    {"EditAttributeEnd", &extendedrib::EditAttributeEnd},
+};
+
 std::string identityOf(const std::string& path) {
   std::error_code ec;
   std::filesystem::path canonical = std::filesystem::weakly_canonical(path, ec);
@@ -83,6 +117,9 @@ void extendedrib::addRequests() {
   for (const extendedrequest& r : kRequests) {
     keywords.add({String(r.word), static_cast<handler_t>(r.handler)});
   }
+  for (const extendedrequest& r : kShadingRequests) {
+    keywords.add({String(r.word), static_cast<handler_t>(r.handler)});
+  }
 }
 
 // The outermost reader steps the innermost archive; an archive read to its
@@ -90,7 +127,11 @@ void extendedrib::addRequests() {
 int16_t extendedrib::parse1() {
   if (this != state_->outermost) return rendrib::parse1();
   std::vector<archivestate::frame>& stack = state_->stack;
-  if (stack.empty()) return rendrib::parse1() || !stack.empty();
+  if (stack.empty()) {
+    if (rendrib::parse1() || !stack.empty()) return 1;
+    reportOpenBlocks();
+    return 0;
+  }
   const size_t top = stack.size() - 1;
   if (!stack[top].reader->parse1()) stack[top].ended = true;
   while (!stack.empty() && stack.back().ended) popArchive();

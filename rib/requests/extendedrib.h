@@ -12,6 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "interface/ritypes.h"
 #include "rib/archiveopener.h"
 #include "rib/requests/rendrib.h"
 
@@ -46,6 +47,44 @@ class extendedrib : public rendrib {
   void Procedural2();
   void System();
 
+  // Requests of later versions: shading nodes (shading_nodes.cpp); cameras,
+  // spaces, channels and brick maps (cameras_spaces.cpp); resources,
+  // conditionals and edits (scene_blocks.cpp); classic requests by the names
+  // later versions added (named_forms.cpp).
+  void Bxdf();
+  void Pattern();
+  void Light();
+  void Integrator();
+  void Displace();
+  void DisplayFilter();
+  void SampleFilter();
+  void LightFilter();
+  void Shader();
+  void Camera();
+  void CoordSysTransform();
+  void ScopedCoordinateSystem();
+  void ClippingPlane();
+  void GeometricRepresentation();
+  void DisplayChannel();
+  void MakeBrickMap();
+  void Resource();
+  void ResourceBegin();
+  void ResourceEnd();
+  void IfBegin();
+  void ElseIf();
+  void Else();
+  void IfEnd();
+  void EditBegin();
+  void EditEnd();
+  void EditWorldBegin();
+  void EditWorldEnd();
+  void EditAttributeBegin();
+  void EditAttributeEnd();
+  void PixelFilter() override;
+  void Projection() override;
+  void Hider() override;
+  void Display() override;
+
  protected:
   // The reader of an archive inside `outer`'s stream; `name` as the request
   // wrote it, which its reports give.
@@ -74,6 +113,15 @@ class extendedrib : public rendrib {
   // Procedurals that are kept, not expanded (procedurals.cpp).
   int16_t matchStrings(std::vector<std::string>& out);
   void notExpanded(const char* what, const char* generator);
+
+  // Requests of later versions (see above).
+  using NodeCall = RtVoid (*)(RtToken, RtToken, RtInt, RtToken[], RtPointer[]);
+  // Reads and plays one node; gives its handle, or false after a fault.
+  bool shadingNode(NodeCall call, String* handle);
+  void opens(uint8_t kind);
+  bool closes(uint8_t kind);
+  bool inIf(const char* request);
+  void reportOpenBlocks();
 
   std::unique_ptr<archivestate> own_;  // the outermost reader's
   archivestate* state_;

@@ -27,12 +27,17 @@ const NamedFilter kFilters[] = {
 
 }  // namespace
 
-RtFilterFunc rendrib::FilterFunc(const String& name) {
+RtFilterFunc rendrib::standardFilter(const String& name) {
   // Compared on the stored text, so "null" is a name like any other here and
   // finds no filter, instead of a null pointer reaching strcmp.
   for (const NamedFilter& f : kFilters) {
     if (std::strcmp(name.c_str(), f.name) == 0) return f.filter;
   }
+  return nullptr;
+}
+
+RtFilterFunc rendrib::FilterFunc(const String& name) {
+  if (RtFilterFunc filter = standardFilter(name)) return filter;
   lex.RIBError(16, 2, "Unknown filter function '%s'", name.c_str());
   panic();
   return nullptr;

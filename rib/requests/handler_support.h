@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 #include "foundation/String.h"
 #include "interface/ri.h"
+#include "interface/token.h"
 #include "rib/parserib.h"
 #include "rib/tokenvalue.h"
 
@@ -21,6 +23,17 @@ inline RtInt listCount(const tokenvalue& params) {
 // text "null" arrives as a null pointer. The calls do not write through it.
 inline char* ritext(const String& s) {
   return const_cast<char*>(static_cast<const char*>(s));
+}
+
+// The text of a string parameter named `name` in the list, or null.
+inline const char* stringParameter(const tokenvalue& params, const char* name) {
+  for (uint32_t i = 0; i < params.tokens.count; ++i) {
+    const Token* t = find(params.tokens.data[i]);
+    if (t && t->type == TypeString && std::strcmp(t->name.c_str(), name) == 0) {
+      return *static_cast<const char* const*>(params.values.data[i]);
+    }
+  }
+  return nullptr;
 }
 
 // Files the handle that an Ri call returned for a light or object number. A

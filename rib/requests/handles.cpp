@@ -37,9 +37,15 @@ void* extendedrib::lookupHandle(std::unordered_map<std::string, void*>& table, c
   return nullptr;
 }
 
+// A handle that no LightSource gave may be a Light node's.
 void extendedrib::Illuminate() {
   if (token != LEXSTRING) return rendrib::Illuminate();
   int16_t onoff;
+  if (!state_->lights.count(lex.text.data) && state_->lightNodes.count(lex.text.data)) {
+    String handle;
+    if (match(&handle) && match(onoff)) RiIlluminateLight(ritext(handle), onoff);
+    return;
+  }
   void* light = lookupHandle(state_->lights, "light");
   if (light == nullptr || !match(onoff)) return;
   RiIlluminate(light, onoff);

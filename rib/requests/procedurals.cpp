@@ -19,17 +19,6 @@ bool is(const String& s, const char* text) {
   return std::strcmp(s.c_str(), text) == 0;
 }
 
-// The text of a string parameter named `name` in the list, or null.
-const char* stringParameter(const tokenvalue& params, const char* name) {
-  for (uint32_t i = 0; i < params.tokens.count; ++i) {
-    const Token* t = find(params.tokens.data[i]);
-    if (t && t->type == TypeString && std::strcmp(t->name.c_str(), name) == 0) {
-      return *static_cast<const char* const*>(params.values.data[i]);
-    }
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 int16_t extendedrib::matchStrings(std::vector<std::string>& out) {

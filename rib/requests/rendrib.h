@@ -26,6 +26,8 @@ class rendrib : public parserib {
   // The standard filter for a name, compared exactly; null after reporting
   // "Unknown filter function" and skipping to the next request.
   RtFilterFunc FilterFunc(const String& name);
+  // The standard filter for a name, or null; silent.
+  static RtFilterFunc standardFilter(const String& name);
 
   // Frame and camera (frame_camera.cpp).
   void version() override;

@@ -23,14 +23,22 @@ namespace fs = std::filesystem;
 const std::string kSource = RZ_SOURCE_DIR_PATH;
 const std::string kCases = kSource + "/tests/golden/extended/";
 
-// NAME and main file of each case.
-std::vector<std::pair<std::string, std::string>> cases() {
-  std::vector<std::pair<std::string, std::string>> found;
+struct Case {
+  std::string name;
+  std::string main;
+  bool binary = false;  // its binary form (rib2bin) gives the same scene too
+};
+
+std::vector<Case> cases() {
+  std::vector<Case> found;
   std::ifstream list(kCases + "cases.txt");
   for (std::string line; std::getline(list, line);) {
     std::istringstream words(line);
-    std::string name, main;
-    if (!line.empty() && line[0] != '#' && words >> name >> main) found.emplace_back(name, main);
+    Case c;
+    std::string form;
+    if (line.empty() || line[0] == '#' || !(words >> c.name >> c.main)) continue;
+    c.binary = words >> form && form == "binary";
+    found.push_back(c);
   }
   return found;
 }
@@ -40,7 +48,7 @@ TEST(GoldenExtended, EachCaseGivesItsSceneAndMessages) {
   fs::create_directories(dir);
   const bool update =
       std::getenv("RZ_UPDATE_GOLDEN") && std::string(std::getenv("RZ_UPDATE_GOLDEN")) == "1";
-  for (const auto& [name, main] : cases()) {
+  for (const auto& [name, main, binary] : cases()) {
     SCOPED_TRACE(name);
     const std::string zel = (dir / (name + ".zel")).string();
     ProgramRun run{{RZ_RIB2ZEL, "--extended", kSource + "/" + main, zel}, "", "", ""};
@@ -54,6 +62,15 @@ TEST(GoldenExtended, EachCaseGivesItsSceneAndMessages) {
     } else {
       EXPECT_TRUE(sameRecords(zel, kCases + name + ".zel"));
     }
+    if (!binary) continue;
+    const std::string ribb = (dir / (name + ".ribb")).string();
+    ProgramRun encode{{RZ_RIB2BIN, kSource + "/" + main, ribb}, "", "", ""};
+    ASSERT_EQ(runProgram(encode), 0) << "rib2bin " << main;
+    ProgramRun binaryRun{{RZ_RIB2ZEL, "--extended", ribb, zel}, "", "", ""};
+    binaryRun.stderrPath = run.stderrPath;
+    runProgram(binaryRun);
+    EXPECT_EQ(readFile(run.stderrPath), messages) << "binary";
+    EXPECT_TRUE(sameRecords(zel, kCases + name + ".zel")) << "binary";
   }
   fs::remove_all(dir);
 }
