@@ -1,0 +1,50 @@
+#include "preview/builder.h"
+
+bool Builder::room(size_t triangles) {
+  if (mesh_.triangles() + triangles > maxTriangles_) full_ = true;
+  return !full_;
+}
+
+void Builder::grid(const std::vector<Vec3>& points, const std::vector<Vec3>& colors, size_t nu,
+                   size_t nv) {
+  if (nu < 2 || nv < 2 || points.size() < nu * nv || !room(2 * (nu - 1) * (nv - 1))) return;
+  size_t base = mesh_.vertices.size();
+  for (size_t i = 0; i < nu * nv; ++i) {
+    mesh_.vertices.push_back({toWorld.point(points[i]), {}, colorAt(colors, i)});
+  }
+  MeshVertex* v = mesh_.vertices.data() + base;
+  for (size_t j = 0; j + 1 < nv; ++j) {
+    for (size_t i = 0; i + 1 < nu; ++i) {
+      size_t a = j * nu + i, b = a + 1, c = a + nu + 1, d = a + nu;
+      // The cell's normal from its diagonals holds where one edge has shrunk to a point (a pole).
+      Vec3 n = cross(v[c].p - v[a].p, v[d].p - v[b].p);
+      for (size_t k : {a, b, c, d}) v[k].n = v[k].n + n;
+      for (size_t k : {a, b, c, a, c, d}) mesh_.indices.push_back(static_cast<uint32_t>(base + k));
+    }
+  }
+  for (size_t i = 0; i < nu * nv; ++i) v[i].n = normalized(v[i].n);
+}
+
+void Builder::flat(const std::vector<Vec3>& points, const std::vector<Vec3>& colors,
+                   const std::vector<uint32_t>& triangles) {
+  for (uint32_t t : triangles) {
+    if (t >= points.size()) return;
+  }
+  if (triangles.size() < 3 || !room(triangles.size() / 3)) return;
+  size_t base = mesh_.vertices.size();
+  std::vector<Vec3> world(points.size());
+  for (size_t i = 0; i < points.size(); ++i) world[i] = toWorld.point(points[i]);
+  // The sum of the triangles' area vectors: the piece's normal, whatever its shape.
+  Vec3 n;
+  for (size_t t = 0; t + 2 < triangles.size(); t += 3) {
+    Vec3 a = world[triangles[t]], b = world[triangles[t + 1]], c = world[triangles[t + 2]];
+    n = n + cross(b - a, c - a);
+  }
+  n = normalized(n);
+  for (size_t i = 0; i < world.size(); ++i) {
+    mesh_.vertices.push_back({world[i], n, colorAt(colors, i)});
+  }
+  size_t whole = triangles.size() - triangles.size() % 3;
+  for (size_t t = 0; t < whole; ++t)
+    mesh_.indices.push_back(static_cast<uint32_t>(base + triangles[t]));
+}
