@@ -26,8 +26,8 @@ class NewHandlerScope {
 parserib::parserib(bytesource& in, const char* name, readeroptions options)
     : lex(in, name), keywords(kBuckets), lights(kBuckets), objects(kBuckets), options(options) {
   hash_init();
-  // The Ri layer counts a patch mesh's values with the same steps as this
-  // reader, so they must start afresh together with ustep and vstep.
+  // The basis steps live in the Ri layer, which this reader shares with the
+  // conversion before; they start afresh with each conversion.
   resetBasisSteps();
 }
 
@@ -53,8 +53,6 @@ void parserib::handOver(parserib& to) {
   swapTables(lights, to.lights);
   swapTables(objects, to.objects);
   to.colorsamples = colorsamples;
-  to.ustep = ustep;
-  to.vstep = vstep;
   to.lastlight = lastlight;
   to.lastobject = lastobject;
 }
