@@ -49,7 +49,7 @@ class lexanrib {
   lexanrib& operator=(const lexanrib&) = delete;
 
   // Scans one token and returns its kind. Throws RIBException on a malformed
-  // number, a string broken by a line end, or (code 13) exhausted memory.
+  // number, a string broken by a line end, or (kRibNoMemory) exhausted memory.
   // The elements of a binary float array, most of a binary file's tokens,
   // are handed out here without a call.
   int16_t next() {

@@ -47,7 +47,9 @@ int16_t lexanrib::scanbinary(unsigned char c) {
       copytext(definedstring(scanbinlong(c - 0xCE)));
       return LEXSTRING;
     default:  // unassigned bytes end the stream
-      if (reportLosses) RIBError(10, 2, "Byte 0x%02X begins no token: the stream ends here", c);
+      if (reportLosses)
+        RIBError(kRibBadBinaryToken, kRibError, "Byte 0x%02X begins no token: the stream ends here",
+                 c);
       return LEXEOF;
   }
 }
@@ -88,7 +90,8 @@ inline uint64_t takeBytes(bytesource::cursor& in, unsigned n) {
 
 // Out of the way of the common path, which only tests for it.
 [[gnu::cold, gnu::noinline]] void lexanrib::noteCut() {
-  if (reportLosses) RIBError(14, 2, "A binary token is cut short by the end of the stream");
+  if (reportLosses)
+    RIBError(kRibBadEncoding, kRibError, "A binary token is cut short by the end of the stream");
 }
 
 // Used in this file only, and inlined into its callers as it was before the

@@ -69,11 +69,11 @@ void parserib::errorPrinter(void (*printer)(const char*)) {
 }
 
 void parserib::outOfMemory() {
-  throw lexanrib::exception(13, 3, "Free store exhausted");
+  throw lexanrib::exception(kRibNoMemory, kRibSevere, "Free store exhausted");
 }
 
 void parserib::report(const RIBException& e) {
-  if (e.code != 0) lex.RIBError(e.code, e.severity, "%s", e.message.c_str());
+  if (e.code != kRibReported) lex.RIBError(e.code, e.severity, "%s", e.message.c_str());
 }
 
 // Skips to the next known request. Recovery reads on with next, and a scanner
@@ -166,13 +166,13 @@ const parserib::keyword_assoc* parserib::lookupCurrentWord() const {
 
 int16_t parserib::match(handler_t& handler) {
   if (token != LEXKEYWORD) {
-    lex.RIBError(16, 2, "Expected Keyword");
+    lex.RIBError(kRibSyntax, kRibError, "Expected Keyword");
     panic();
     return 0;
   }
   const keyword_assoc* found = lookupCurrentWord();
   if (found == nullptr) {
-    lex.RIBError(17, 2, nullptr);
+    lex.RIBError(kRibUnknownRequest, kRibError, nullptr);
     panic();
     return 0;
   }

@@ -90,7 +90,7 @@ class parserib {
   RIB_REQUESTS(RIB_DECLARE_PURE_HANDLER)
 #undef RIB_DECLARE_PURE_HANDLER
 
-  // The allocator's failure handler while parse1 or parse runs: throws code 13.
+  // The allocator's failure handler while parse1 or parse runs: throws kRibNoMemory.
   static void outOfMemory();
 
   void statement();

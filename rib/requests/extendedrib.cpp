@@ -123,7 +123,8 @@ void extendedrib::Declare() {
 void extendedrib::version() {
   float v;
   if (!match(v)) return;
-  if (v - kVersion > 0.001) lex.RIBError(11, 1, "Version %4.2f too new", static_cast<double>(v));
+  if (v - kVersion > 0.001)
+    lex.RIBError(kRibVersion, kRibWarning, "Version %4.2f too new", static_cast<double>(v));
 }
 
 // Option "searchpath" is read here for its "archive" entry. The dictionary

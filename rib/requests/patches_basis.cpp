@@ -42,7 +42,7 @@ int16_t rendrib::matchBasis(String* name, Array<float>& matrix, RtFloat (*&basis
       if (*name == b.name) basis = *b.basis;
     }
     if (basis == nullptr) {
-      lex.RIBError(4, 2, "Unknown Basis '%s'", name->c_str());
+      lex.RIBError(kRibBadBasis, kRibError, "Unknown Basis '%s'", name->c_str());
       panic();
       return 0;
     }
@@ -91,7 +91,8 @@ void rendrib::PatchMesh() {
   // patches, so the request is refused.
   const BasisSteps steps = basisSteps();
   if (bicubic && (steps.u == 0 || steps.v == 0)) {
-    lex.RIBError(2, 2, "A basis step of 0 leaves a bicubic patch mesh without patches");
+    lex.RIBError(kRibBadValue, kRibError,
+                 "A basis step of 0 leaves a bicubic patch mesh without patches");
     panic();
     return;
   }
@@ -144,7 +145,7 @@ void rendrib::TrimCurve() {
     return;
   }
   if (knots != int64_t{orders} + points) {
-    lex.RIBError(2, 2, "Number of knots inconsistent with order and n.");
+    lex.RIBError(kRibBadValue, kRibError, "Number of knots inconsistent with order and n.");
   }
   if (!match(u, points, 1) || !match(v, points, 1) || !match(w, points, 1)) return;
   RiTrimCurve(nloops, ncurves.data, order.data, knot.data, min.data, max.data, n.data, u.data,

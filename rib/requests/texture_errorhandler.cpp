@@ -99,6 +99,6 @@ void rendrib::ErrorHandler() {
       return;
     }
   }
-  lex.RIBError(16, 2, "Unknown error function '%s'", name.c_str());
+  lex.RIBError(kRibSyntax, kRibError, "Unknown error function '%s'", name.c_str());
   panic();
 }
