@@ -56,14 +56,7 @@ bool conversion::open() {
   zelSetMessageSink(&conversion::printMessage);
   setAbortFlush(flushBeforeAbort);
   zelSetReader(request_.extended ? "extended" : nullptr);
-  inputfile::stopcheck stop;
-  if (request_.stop) stop = [this] { return stopAsked(); };
-  archives_.stopWith(stop);
-  if (!input_.open(request_.input, stop)) {
-    fail("Unable to open input file " + describeInput(request_.input) + ": " + input_.problem());
-    return false;
-  }
-  if (!openOutput()) return false;
+  if (!openInput() || !openOutput()) return false;
   makeSource();
   makeReader();
   rib_->errorPrinter(&conversion::printLog);
@@ -71,17 +64,33 @@ bool conversion::open() {
   return true;
 }
 
+bool conversion::openInput() {
+  if (request_.text) return true;
+  inputfile::stopcheck stop;
+  if (request_.stop) stop = [this] { return stopAsked(); };
+  archives_.stopWith(stop);
+  if (input_.open(request_.input, stop)) return true;
+  fail("Unable to open input file " + describeInput(request_.input) + ": " + input_.problem());
+  return false;
+}
+
 bool conversion::openOutput() {
   if (request_.parseOnly) {
     zelSkipOutput();
     return true;
   }
-  const std::string& path = request_.output;
-  if (path == "-") {
-    zelOutputToStream(stdout);
+  if (request_.discardOutput) {
+    zelDiscardOutput();
     return true;
   }
-  if (input_.isSameFile(path)) {
+  const std::string& path = request_.output;
+  std::FILE* stream = request_.outputStream ? request_.outputStream : nullptr;
+  if (!stream && path == "-") stream = stdout;
+  if (stream) {
+    zelOutputToStream(stream);
+    return true;
+  }
+  if (!request_.text && input_.isSameFile(path)) {
     fail("The output " + quoted(path) + " is the input file");
     return false;
   }
@@ -105,6 +114,10 @@ bool conversion::openOutput() {
 
 // Compressed input is recognised by its first two bytes, the gzip signature.
 void conversion::makeSource() {
+  if (request_.text) {
+    source_ = std::make_unique<memorybytesource>(request_.text->data(), request_.text->size());
+    return;
+  }
   size_t n = 0;
   const unsigned char* head = input_.peek(2, n);
   if (gzipbytesource::recognises(head, n)) {
@@ -120,12 +133,15 @@ void conversion::makeSource() {
 void conversion::makeReader() {
   const bool stdinput = request_.input == "-";
   const char* name = stdinput ? "stdin" : request_.input.c_str();
+  readeroptions options;
+  options.mayAbort = request_.mayAbort;
   if (!request_.extended) {
-    rib_ = std::make_unique<rendrib>(*source_, name);
+    rib_ = std::make_unique<rendrib>(*source_, name, options);
     return;
   }
   std::string folder = stdinput ? "" : std::filesystem::path(request_.input).parent_path().string();
-  rib_ = std::make_unique<extendedrib>(*source_, name, std::move(folder), &archives_);
+  archiveopener* opener = request_.text ? nullptr : &archives_;
+  rib_ = std::make_unique<extendedrib>(*source_, name, std::move(folder), opener, options);
 }
 
 bool conversion::step() {
@@ -194,9 +210,10 @@ uint64_t conversion::bytesRead() const {
 }
 
 double conversion::progress() const {
-  if (input_.size() < 0) return -1;
-  if (input_.size() == 0) return phase_ == phase::running ? 0 : 1;
-  double fraction = static_cast<double>(bytesRead()) / static_cast<double>(input_.size());
+  const int64_t size = request_.text ? static_cast<int64_t>(request_.text->size()) : input_.size();
+  if (size < 0) return -1;
+  if (size == 0) return phase_ == phase::running ? 0 : 1;
+  double fraction = static_cast<double>(bytesRead()) / static_cast<double>(size);
   return fraction > 1 ? 1 : fraction;
 }
 

@@ -14,6 +14,11 @@
 
 namespace {
 
+readeroptions withExtended(readeroptions options) {
+  options.extended = true;
+  return options;
+}
+
 // The protocol version of the newest forms this reader knows.
 constexpr double kVersion = 3.04;
 
@@ -39,8 +44,8 @@ std::string identityOf(const std::string& path) {
 }  // namespace
 
 extendedrib::extendedrib(bytesource& in, const char* name, std::string folder,
-                         archiveopener* opener)
-    : rendrib(in, name, readeroptions{true}),
+                         archiveopener* opener, readeroptions options)
+    : rendrib(in, name, withExtended(options)),
       own_(std::make_unique<archivestate>()),
       state_(own_.get()),
       folder_(std::move(folder)) {
