@@ -65,7 +65,7 @@ bool conversion::open() {
 }
 
 bool conversion::openInput() {
-  if (request_.text) return true;
+  if (inMemory()) return true;
   inputfile::stopcheck stop;
   if (request_.stop) stop = [this] { return stopAsked(); };
   archives_.stopWith(stop);
@@ -90,7 +90,7 @@ bool conversion::openOutput() {
     zelOutputToStream(stream);
     return true;
   }
-  if (!request_.text && input_.isSameFile(path)) {
+  if (!inMemory() && input_.isSameFile(path)) {
     fail("The output " + quoted(path) + " is the input file");
     return false;
   }
@@ -114,19 +114,25 @@ bool conversion::openOutput() {
 
 // Compressed input is recognised by its first two bytes, the gzip signature.
 void conversion::makeSource() {
-  if (request_.text) {
-    source_ = std::make_unique<memorybytesource>(request_.text->data(), request_.text->size());
+  if (request_.source) {
+    source_ = request_.source;
+    gzip_ = dynamic_cast<gzipbytesource*>(source_);
     return;
   }
-  size_t n = 0;
-  const unsigned char* head = input_.peek(2, n);
-  if (gzipbytesource::recognises(head, n)) {
-    auto gzip = std::make_unique<gzipbytesource>(input_);
-    gzip_ = gzip.get();
-    source_ = std::move(gzip);
+  if (request_.text) {
+    ownSource_ = std::make_unique<memorybytesource>(request_.text->data(), request_.text->size());
   } else {
-    source_ = std::make_unique<plainbytesource>(input_);
+    size_t n = 0;
+    const unsigned char* head = input_.peek(2, n);
+    if (gzipbytesource::recognises(head, n)) {
+      auto gzip = std::make_unique<gzipbytesource>(input_);
+      gzip_ = gzip.get();
+      ownSource_ = std::move(gzip);
+    } else {
+      ownSource_ = std::make_unique<plainbytesource>(input_);
+    }
   }
+  source_ = ownSource_.get();
 }
 
 // Archives named by standard input are found from the current folder.
@@ -140,7 +146,7 @@ void conversion::makeReader() {
     return;
   }
   std::string folder = stdinput ? "" : std::filesystem::path(request_.input).parent_path().string();
-  archiveopener* opener = request_.text ? nullptr : &archives_;
+  archiveopener* opener = inMemory() ? nullptr : &archives_;
   rib_ = std::make_unique<extendedrib>(*source_, name, std::move(folder), opener, options);
 }
 
@@ -204,13 +210,15 @@ bool conversion::stopAsked() {
 
 uint64_t conversion::bytesRead() const {
   // A plain source knows the scanner's exact position; a compressed one only
-  // how much of the file the decompressor has taken.
-  if (source_ && !gzip_) return source_->consumed();
+  // how much of the file the decompressor has taken, unless the caller holds
+  // the file.
+  if (source_ && (!gzip_ || request_.source)) return source_->consumed();
   return input_.consumed();
 }
 
 double conversion::progress() const {
-  const int64_t size = request_.text ? static_cast<int64_t>(request_.text->size()) : input_.size();
+  int64_t size = input_.size();
+  if (request_.text) size = static_cast<int64_t>(request_.text->size());
   if (size < 0) return -1;
   if (size == 0) return phase_ == phase::running ? 0 : 1;
   double fraction = static_cast<double>(bytesRead()) / static_cast<double>(size);

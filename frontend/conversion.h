@@ -32,8 +32,10 @@ class conversion {
   struct request {
     std::string input;  // a path, or "-" for standard input; with `text`, only its name
     // The input's bytes, held by the caller until the conversion ends, read
-    // instead of the file; such a text reads inline archives only.
+    // instead of the file, or a source of them that the caller keeps. Either
+    // reads inline archives only.
     std::optional<std::string_view> text;
+    bytesource* source = nullptr;
     std::string output;                 // a path, or "-" for standard output; unused when parseOnly
     std::FILE* outputStream = nullptr;  // instead of `output`; the caller closes it
     bool discardOutput = false;         // format every record and drop it (fuzzing)
@@ -92,6 +94,7 @@ class conversion {
   const std::string& outputPath() const { return request_.output; }
 
  private:
+  bool inMemory() const { return request_.text || request_.source; }
   bool openInput();
   bool openOutput();
   void makeSource();
@@ -109,7 +112,8 @@ class conversion {
   std::string error_;
   bool errorShown_ = false;
   inputfile input_;
-  std::unique_ptr<bytesource> source_;
+  std::unique_ptr<bytesource> ownSource_;
+  bytesource* source_ = nullptr;    // what the reader reads
   gzipbytesource* gzip_ = nullptr;  // source_ when the input is compressed
   archivefiles archives_;
   std::unique_ptr<rendrib> rib_;
