@@ -1,11 +1,10 @@
 #include "frontend/conversion.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 
 #include "frontend/gzipbytesource.h"
+#include "frontend/outputname.h"
 #include "interface/error.h"
 #include "interface/scene/zel.h"
 #include "rib/requests/extendedrib.h"
@@ -84,24 +83,25 @@ bool conversion::openOutput() {
     return true;
   }
   const std::string& path = request_.output;
-  std::FILE* stream = request_.outputStream ? request_.outputStream : nullptr;
+  std::FILE* stream = request_.outputStream;
   if (!stream && path == "-") stream = stdout;
   if (stream) {
     zelOutputToStream(stream);
     return true;
   }
-  if (!inMemory() && input_.isSameFile(path)) {
-    fail("The output " + quoted(path) + " is the input file");
-    return false;
-  }
   // Proves that the file can be written before the library takes it over,
-  // as the desktop program does; this creates or empties it.
-  std::FILE* probe = std::fopen(path.c_str(), "wb");
-  if (!probe) {
-    fail("Unable to open file " + quoted(path) + ": " + std::strerror(errno));
-    return false;
+  // which the desktop program also asks before it starts one.
+  std::string reason;
+  switch (checkoutput(input_, path, reason)) {
+    case outputcheck::isInput:
+      fail("The output " + quoted(path) + " is the input file");
+      return false;
+    case outputcheck::unwritable:
+      fail("Unable to open file " + quoted(path) + ": " + reason);
+      return false;
+    case outputcheck::usable:
+      break;
   }
-  std::fclose(probe);
   _zelOutputFile(kZelSceneFile, path.c_str());
   if (zelWriteFailed()) {
     error_ = zelWriteError();
