@@ -159,7 +159,7 @@ int16_t lexanrib::scanbinfloats(unsigned char c) {
   bool cut = false;
   {
     bytesource::cursor in(stream);
-    AppendCursor<float> out(floats);
+    ArrayCursor<float> out(floats);
     uint32_t i = 0;
     while (i < count && !in.eof()) {
       // The floats the block holds whole are taken in one run.
@@ -167,12 +167,13 @@ int16_t lexanrib::scanbinfloats(unsigned char c) {
       if (run == 0) {
         const uint64_t value = takeBytes(in, 4);
         cut = cut || (value & kCut);
-        out.push(std::bit_cast<float>(static_cast<uint32_t>(value)));
+        out.next() = std::bit_cast<float>(static_cast<uint32_t>(value));
         ++i;
         continue;
       }
       const unsigned char* at = in.take(4 * size_t{run});
-      for (uint32_t k = 0; k < run; ++k) out.push(std::bit_cast<float>(bigEndian4(at + 4 * k)));
+      float* to = out.next(run);
+      for (uint32_t k = 0; k < run; ++k) to[k] = std::bit_cast<float>(bigEndian4(at + 4 * k));
       i += run;
     }
     cut = cut || i < count;

@@ -135,17 +135,6 @@ void parserib::statement() {
   if (match(handler)) (this->*handler)();
 }
 
-// The same PJW hash as String::hash, so that a lookup needs no String and
-// allocates nothing: one hash of the word, then one bucket walk.
-static uint32_t wordHash(const char* text, uint32_t n) {
-  uint32_t h = 0;
-  for (uint32_t i = 0; i < n; ++i) {
-    h = (h << 4) + static_cast<uint32_t>(static_cast<int32_t>(static_cast<signed char>(text[i])));
-    if (const uint32_t g = h & 0xf0000000u) h ^= g ^ (g >> 24);
-  }
-  return h;
-}
-
 // The scanner's text up to its first NUL. A scan that failed half-way may have
 // left it unterminated, so its count bounds the search.
 static uint32_t wordLength(const Array<char>& text) {
@@ -153,10 +142,11 @@ static uint32_t wordLength(const Array<char>& text) {
   return nul ? static_cast<uint32_t>(static_cast<const char*>(nul) - text.data) : text.count;
 }
 
+// One hash of the word, then one bucket walk; no String is made.
 const parserib::keyword_assoc* parserib::lookupCurrentWord() const {
   const char* word = lex.text.data;
   const uint32_t n = wordLength(lex.text);
-  const List<keyword_assoc>* bucket = keywords.table[wordHash(word, n) % keywords.size];
+  const List<keyword_assoc>* bucket = keywords.table[String::hash(word, n) % keywords.size];
   for (const ListElement<keyword_assoc>* e = bucket ? bucket->head : nullptr; e; e = e->next) {
     const String& keyword = e->value.keyword;
     if (keyword.size() == n && std::memcmp(keyword.c_str(), word, n) == 0) return &e->value;
