@@ -30,7 +30,7 @@ class conversion {
   using linesink = std::function<void(const char* line)>;
 
   struct request {
-    std::string input;  // a path, or "-" for standard input; with `text`, only its name
+    std::string input;  // a path, or "-" for standard input; with `text` or `source`, its name
     // The input's bytes, held by the caller until the conversion ends, read
     // instead of the file, or a source of them that the caller keeps. Either
     // reads inline archives only.
