@@ -34,9 +34,22 @@ PrimitiveCounts patchMeshCounts(RtToken type, RtInt nu, RtToken uwrap, RtInt nv,
 PrimitiveCounts nuPatchCounts(RtInt nu, RtInt nv);
 PrimitiveCounts quadricCounts();
 
-// The basis steps a bicubic patch mesh is divided by. RiBasis sets them; like
-// the reader's, they belong to no graphics state. A new conversion must start
-// them afresh at 3, as the reader does.
+// The forms the RIB reader holds a request's list to, before any token exists
+// for the words that pick them; the token forms above call these.
+PrimitiveCounts patchCounts(bool bicubic);
+// With the current basis steps. A bicubic mesh with a step of 0 has no
+// patches: the reader refuses such a mesh before asking.
+PrimitiveCounts patchMeshCounts(bool bicubic, int64_t nu, bool uperiodic, int64_t nv,
+                                bool vperiodic);
+
+// The basis steps a bicubic patch mesh is divided by: the one store the
+// reader and this layer both read. RiBasis sets them; they belong to no
+// graphics state. A new conversion starts them afresh at 3.
+struct BasisSteps {
+  RtInt u;
+  RtInt v;
+};
+BasisSteps basisSteps();
 void setBasisSteps(RtInt ustep, RtInt vstep);
 void resetBasisSteps();
 

@@ -74,7 +74,7 @@ int16_t parserib::match(tokenvalue& tv, int16_t bracketed) {
       return 0;
     }
     if (t->type == TypeNone) {
-      lex.RIBError(7, 2, "token '%s' doesn't take value", t->name.c_str());
+      lex.RIBError(kRibTypeMismatch, kRibError, "token '%s' doesn't take value", t->name.c_str());
       panic();
       return 0;
     }
@@ -139,7 +139,8 @@ int16_t parserib::readValue(tokenvalue& tv, char* token, int16_t bracketed) {
 int16_t parserib::readColor(tokenvalue& tv, char* token, int16_t bracketed) {
   if (colorsamples <= 0) {
     // ColorSamples with fewer than three values leaves no samples per colour.
-    lex.RIBError(5, 2, "Color parameter '%s' cannot be read with %" PRId32 " color samples",
+    lex.RIBError(kRibBadColor, kRibError,
+                 "Color parameter '%s' cannot be read with %" PRId32 " color samples",
                  reinterpret_cast<Token*>(token)->name.c_str(), colorsamples);
     panic();
     return 0;
@@ -186,7 +187,7 @@ int16_t parserib::verify(const tokenvalue& tv, int32_t uniform, int32_t varying,
     for (uint32_t i = 0; i < required.count; ++i) present += tv.tokens.find(required.data[i]) >= 0;
     if (present != 1) {
       const std::string text = alternatives(required);
-      lex.RIBError(2, 2,
+      lex.RIBError(kRibBadValue, kRibError,
                    present == 0 ? "%s argument is required" : "More than one of %s was specified",
                    text.c_str());
       return 0;
@@ -199,8 +200,8 @@ int16_t parserib::verify(const tokenvalue& tv, int32_t uniform, int32_t varying,
     if (t == nullptr) continue;
     const int64_t expected = expectedItems(*t, uniform, varying, vertex, faceVertices);
     if (expected != tv.sizes.data[i]) {
-      lex.RIBError(t->type == TypeColor ? 5 : 3, 2, "%" PRId64 " items expected for parameter '%s'",
-                   expected, t->name.c_str());
+      lex.RIBError(t->type == TypeColor ? kRibBadColor : kRibBadArray, kRibError,
+                   "%" PRId64 " items expected for parameter '%s'", expected, t->name.c_str());
       return 0;
     }
   }

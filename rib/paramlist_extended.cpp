@@ -23,7 +23,8 @@ Token* parserib::extendedToken(const String& name, tokenvalue& tv) {
   }
   Token* t = nullptr;
   if (static_cast<unsigned char>(text[0]) != Token::kMarker) t = find(text);
-  if (t == nullptr) lex.RIBError(16, 1, "Undeclared parameter \"%s\" is skipped", text);
+  if (t == nullptr)
+    lex.RIBError(kRibSyntax, kRibWarning, "Undeclared parameter \"%s\" is skipped", text);
   return t;
 }
 
@@ -42,7 +43,7 @@ int16_t parserib::readWide(tokenvalue& tv, char* token, int16_t bracketed) {
   const int32_t n = match(a, -1, bracketed);
   if (n == 0) return 0;
   if (n % per != 0) {
-    lex.RIBError(3, 2,
+    lex.RIBError(kRibBadArray, kRibError,
                  "%" PRId32 " floats for parameter '%s' are no whole number of %" PRId32
                  "-float items",
                  n, t->name.c_str(), per);
@@ -62,7 +63,7 @@ int16_t parserib::readStrings(tokenvalue& tv, char* token) {
     match(&texts.back());
   }
   if (texts.empty()) {
-    lex.RIBError(2, 2, "Expected at least one string");
+    lex.RIBError(kRibBadValue, kRibError, "Expected at least one string");
     panic();
     return 0;
   }

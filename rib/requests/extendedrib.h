@@ -22,8 +22,10 @@ class extendedrib : public rendrib {
  public:
   // `folder` is where archive paths of the stream are resolved from (the
   // folder of the input file; empty for the current folder). `opener` may be
-  // null: then only inline archives can be read.
-  extendedrib(bytesource& in, const char* name, std::string folder, archiveopener* opener);
+  // null: then only inline archives can be read. `options` are taken with
+  // `extended` set.
+  extendedrib(bytesource& in, const char* name, std::string folder, archiveopener* opener,
+              readeroptions options = {});
   ~extendedrib() override;
 
   // The innermost archive being played reads the next statement.
