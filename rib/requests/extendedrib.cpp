@@ -25,9 +25,18 @@ struct extendedrequest {
 // The requests that only the extended reader knows. A new one is a row here
 // and its handler.
 const extendedrequest kRequests[] = {
-    {"ReadArchive", &extendedrib::ReadArchive}, {"ArchiveBegin", &extendedrib::ArchiveBegin},
-    {"ArchiveEnd", &extendedrib::ArchiveEnd},   {"Procedural", &extendedrib::Procedural},
-    {"Procedural2", &extendedrib::Procedural2}, {"System", &extendedrib::System},
+    {"ReadArchive", &extendedrib::ReadArchive},
+    {"ArchiveBegin", &extendedrib::ArchiveBegin},
+    {"ArchiveEnd", &extendedrib::ArchiveEnd},
+    {"Procedural", &extendedrib::Procedural},
+    {"Procedural2", &extendedrib::Procedural2},
+    {"System", &extendedrib::System},
+    // Geometry of later versions
+    {"SubdivisionMesh", &extendedrib::SubdivisionMesh},
+    {"HierarchicalSubdivisionMesh", &extendedrib::HierarchicalSubdivisionMesh},
+    {"Points", &extendedrib::Points},
+    {"Curves", &extendedrib::Curves},
+    {"Blobby", &extendedrib::Blobby},
 };
 
 std::string identityOf(const std::string& path) {
