@@ -80,10 +80,20 @@ int16_t extendedrib::blobbyLeaves(const Array<int32_t>& code, int32_t ncode, int
       return 0;
     }
     int32_t operands = p ? 1 + p->string : kOperands[isOperator ? op : 0];
-    if (operands < 0 && at < ncode) operands = code.data[at++];
+    if (operands < 0 && at < ncode) {
+      operands = code.data[at++];
+      if (operands < 0) {
+        lex.RIBError(2, 2,
+                     "Blobby opcode %" PRId32 " at code index %" PRId32
+                     " gives a negative operand count %" PRId32,
+                     op, start, operands);
+        return 0;
+      }
+    }
     if (operands < 0 || operands > ncode - at) {
-      lex.RIBError(2, 2, "Blobby opcode %" PRId32 " at code index %" PRId32 " %s", op, start,
-                   operands < 0 ? "has no operand count" : "runs past the end of the code");
+      lex.RIBError(
+          2, 2, "Blobby opcode %" PRId32 " at code index %" PRId32 " runs past the end of the code",
+          op, start);
       return 0;
     }
     const int32_t* args = code.data + at;
