@@ -35,6 +35,57 @@ const Primitive* primitive(int32_t opcode) {
   return nullptr;
 }
 
+struct BlobbyCode {
+  const int32_t* code;
+  int32_t ncode, nfloats, nstrings;
+};
+
+// The indices of a primitive's operands against the floats and strings.
+std::string primitiveFault(const Primitive& p, const int32_t* args, const BlobbyCode& b) {
+  if (p.string && (args[0] < 0 || args[0] >= b.nstrings)) {
+    return " names string " + std::to_string(args[0]) + ", but the blobby gives " +
+           std::to_string(b.nstrings) + " strings";
+  }
+  const int32_t first = args[p.string];
+  if (first >= 0 && int64_t{first} + p.floats <= b.nfloats) return "";
+  return " reads " + std::to_string(p.floats) + " floats from index " + std::to_string(first) +
+         ", but the blobby gives " + std::to_string(b.nfloats) + " floats";
+}
+
+// The end of a report on an instruction's operands; empty when they are sound.
+std::string operandFault(const BlobbyCode& b, int32_t& at, int32_t op, int32_t results) {
+  const Primitive* p = primitive(op);
+  int32_t operands = p ? 1 + p->string : kOperands[op];
+  if (operands < 0 && at < b.ncode) {
+    operands = b.code[at++];
+    if (operands < 0) return " gives a negative operand count " + std::to_string(operands);
+  }
+  if (operands < 0 || operands > b.ncode - at) return " runs past the end of the code";
+  const int32_t* args = b.code + at;
+  at += operands;
+  if (p) return primitiveFault(*p, args, b);
+  for (int32_t k = 0; k < operands; ++k) {
+    if (args[k] < 0 || args[k] >= results) {
+      return " uses result " + std::to_string(args[k]) + ", which is not made before it";
+    }
+  }
+  return "";
+}
+
+// The report on the instruction at `at`, which it steps past; empty when the
+// instruction is sound. Each instruction makes one result, numbered from 0;
+// an operator's operands may only name results made before it.
+std::string instructionFault(const BlobbyCode& b, int32_t& at, int32_t results, bool& leaf) {
+  const int32_t start = at;
+  const int32_t op = b.code[at++];
+  const std::string where =
+      "Blobby opcode " + std::to_string(op) + " at code index " + std::to_string(start);
+  leaf = primitive(op) != nullptr;
+  if (!leaf && (op < 0 || op >= 8)) return "Unknown " + where;
+  const std::string fault = operandFault(b, at, op, results);
+  return fault.empty() ? fault : where + fault;
+}
+
 }  // namespace
 
 void extendedrib::Blobby() {
@@ -64,67 +115,18 @@ void extendedrib::Blobby() {
             listCount(params), params.tokens.data, params.values.data);
 }
 
-// Each instruction makes one result, numbered from 0; its operands may only
-// name results made before it.
 int16_t extendedrib::blobbyLeaves(const Array<int32_t>& code, int32_t ncode, int32_t nfloats,
                                   int32_t nstrings, int32_t& leaves) {
+  const BlobbyCode b{code.data, ncode, nfloats, nstrings};
   leaves = 0;
-  int32_t at = 0;
-  for (int32_t results = 0; at < ncode; ++results) {
-    const int32_t start = at;
-    const int32_t op = code.data[at++];
-    const Primitive* p = primitive(op);
-    const bool isOperator = op >= 0 && op < 8;
-    if (p == nullptr && !isOperator) {
-      lex.RIBError(2, 2, "Unknown Blobby opcode %" PRId32 " at code index %" PRId32, op, start);
+  for (int32_t at = 0, results = 0; at < ncode; ++results) {
+    bool leaf;
+    const std::string fault = instructionFault(b, at, results, leaf);
+    if (!fault.empty()) {
+      lex.RIBError(2, 2, "%s", fault.c_str());
       return 0;
     }
-    int32_t operands = p ? 1 + p->string : kOperands[isOperator ? op : 0];
-    if (operands < 0 && at < ncode) {
-      operands = code.data[at++];
-      if (operands < 0) {
-        lex.RIBError(2, 2,
-                     "Blobby opcode %" PRId32 " at code index %" PRId32
-                     " gives a negative operand count %" PRId32,
-                     op, start, operands);
-        return 0;
-      }
-    }
-    if (operands < 0 || operands > ncode - at) {
-      lex.RIBError(
-          2, 2, "Blobby opcode %" PRId32 " at code index %" PRId32 " runs past the end of the code",
-          op, start);
-      return 0;
-    }
-    const int32_t* args = code.data + at;
-    at += operands;
-    if (p && p->string && (args[0] < 0 || args[0] >= nstrings)) {
-      lex.RIBError(2, 2,
-                   "Blobby opcode %" PRId32 " at code index %" PRId32 " names string %" PRId32
-                   ", but the blobby gives %" PRId32 " strings",
-                   op, start, args[0], nstrings);
-      return 0;
-    }
-    if (p) {
-      const int32_t first = args[p->string];
-      if (first < 0 || int64_t{first} + p->floats > nfloats) {
-        lex.RIBError(2, 2,
-                     "Blobby opcode %" PRId32 " at code index %" PRId32 " reads %" PRId32
-                     " floats from index %" PRId32 ", but the blobby gives %" PRId32 " floats",
-                     op, start, p->floats, first, nfloats);
-        return 0;
-      }
-      ++leaves;
-      continue;
-    }
-    for (int32_t k = 0; k < operands; ++k) {
-      if (args[k] >= 0 && args[k] < results) continue;
-      lex.RIBError(2, 2,
-                   "Blobby opcode %" PRId32 " at code index %" PRId32 " uses result %" PRId32
-                   ", which is not made before it",
-                   op, start, args[k]);
-      return 0;
-    }
+    leaves += leaf;
   }
   return 1;
 }
