@@ -17,8 +17,6 @@
 
 namespace {
 
-char* const kNoMore = nullptr;
-
 // Schemes of later renderers are kept by name, with a warning.
 const char* const kSchemes[] = {"catmull-clark", "loop", "bilinear"};
 
