@@ -53,6 +53,17 @@ class extendedrib : public rendrib {
   void Curves();
   void Blobby();
 
+ private:
+  struct SubdivisionTags;
+  void subdivisionMesh(bool hierarchical);
+  int16_t matchTags(SubdivisionTags& tags, bool hierarchical);
+  int16_t matchTagNames(std::vector<std::string>& names);
+  int16_t checkFaces(const Array<int32_t>& nvertices, int32_t nfaces);
+  int16_t curveCounts(const Array<int32_t>& nvertices, int32_t ncurves, bool cubic, bool periodic,
+                      int32_t& varying);
+  int16_t blobbyLeaves(const Array<int32_t>& code, int32_t ncode, int32_t nfloats, int32_t nstrings,
+                       int32_t& leaves);
+
  protected:
   // The reader of an archive inside `outer`'s stream; `name` as the request
   // wrote it, which its reports give.
@@ -81,16 +92,6 @@ class extendedrib : public rendrib {
   // Procedurals that are kept, not expanded (procedurals.cpp).
   int16_t matchStrings(std::vector<std::string>& out);
   void notExpanded(const char* what, const char* generator);
-  // Geometry of later versions.
-  struct SubdivisionTags;
-  void subdivisionMesh(bool hierarchical);
-  int16_t matchTags(SubdivisionTags& tags, bool hierarchical);
-  int16_t matchTagNames(std::vector<std::string>& names);
-  int16_t checkFaces(const Array<int32_t>& nvertices, int32_t nfaces);
-  int16_t curveCounts(const Array<int32_t>& nvertices, int32_t ncurves, bool cubic, bool periodic,
-                      int32_t& varying);
-  int16_t blobbyLeaves(const Array<int32_t>& code, int32_t ncode, int32_t nfloats, int32_t nstrings,
-                       int32_t& leaves);
 
   std::unique_ptr<archivestate> own_;  // the outermost reader's
   archivestate* state_;
