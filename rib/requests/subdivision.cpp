@@ -1,10 +1,9 @@
-// Subdivision meshes. The faces are read as a polygon mesh's are; the tags
-// follow as four arrays (names, nargs, intargs, floatargs) and a fifth of
-// string arguments when nargs gives three numbers per tag, all or none. A
-// mesh with string arguments is played as the hierarchical mesh, the one call
-// of the interface that carries them.
+// Subdivision meshes. The faces are read as a polygon mesh's are. The tags
+// follow as four arrays (names, nargs, intargs, floatargs), or five with the
+// string arguments when nargs gives three numbers per tag; they come all or
+// none. A mesh with string arguments is played as the hierarchical mesh, the
+// one call of the interface that carries them.
 #include <cinttypes>
-#include <cstring>
 #include <string>
 #include <vector>
 
