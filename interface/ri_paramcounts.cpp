@@ -105,6 +105,39 @@ BasisSteps basisSteps() {
   return gSteps;
 }
 
+bool curveShape(bool cubic, bool periodic, int64_t vertices, int64_t vstep, CurveShape& shape) {
+  if (!cubic) {
+    shape = {periodic ? vertices : vertices - 1, vertices};
+    return vertices >= 2;
+  }
+  if (vstep < 1) return false;
+  if (periodic) {
+    shape = {vertices / vstep, vertices / vstep};
+    return vertices > 0 && vertices % vstep == 0;
+  }
+  shape = {(vertices - 4) / vstep + 1, (vertices - 4) / vstep + 2};
+  return vertices >= 4 && (vertices - 4) % vstep == 0;
+}
+
+PrimitiveCounts curvesCounts(RtToken type, RtInt ncurves, const RtInt nvertices[], RtToken wrap) {
+  const bool cubic = isWord(type, "cubic");
+  const bool periodic = isWord(wrap, "periodic");
+  int64_t varying = 0;
+  for (RtInt i = 0; nvertices && i < ncurves; ++i) {
+    CurveShape shape;
+    if (curveShape(cubic, periodic, nvertices[i], gSteps.v, shape)) varying += shape.varying;
+  }
+  return {ncurves, varying, sum(nvertices, ncurves)};
+}
+
+PrimitiveCounts pointsCounts(RtInt npoints) {
+  return {1, npoints, npoints};
+}
+
+PrimitiveCounts blobbyCounts(RtInt nleaf) {
+  return {1, nleaf, nleaf};
+}
+
 void setBasisSteps(RtInt ustep, RtInt vstep) {
   gSteps = {ustep, vstep};
 }

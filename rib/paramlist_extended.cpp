@@ -2,6 +2,7 @@
 // types of later versions, and an undeclared name reported and passed over
 // rather than ending the request.
 #include <cinttypes>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -9,11 +10,30 @@
 #include "rib/parserib.h"
 #include "rib/tokenvalue.h"
 
+namespace {
+
+// Geometry of later versions: the names those versions declare for every
+// stream, read as if declared inline. A declaration of the stream's own comes
+// first, as the dictionary is searched before this.
+const char* const kLaterNames[][2] = {
+    {"width", "varying float width"},
+    {"constantwidth", "constant float constantwidth"},
+};
+
+const char* laterDeclaration(const char* text) {
+  for (const auto& later : kLaterNames) {
+    if (std::strcmp(text, later[0]) == 0 && find(text) == nullptr) return later[1];
+  }
+  return text;
+}
+
+}  // namespace
+
 // A name with a declaration of its own holds for this one list: its record
 // is kept by the list and never enters the dictionary, so a later plain use
 // of the name reads as it would have without it.
 Token* parserib::extendedToken(const String& name, tokenvalue& tv) {
-  const char* text = name.c_str();
+  const char* text = laterDeclaration(name.c_str());
   inlinedeclaration d;
   if (mayDeclare(text) && parseDeclaration(text, true, d)) {
     if (const uint16_t code = nameCode(d.name.c_str())) {

@@ -176,6 +176,26 @@ void _zelProcedural2V(const char* generator, const char* bounder, int32_t n, con
                       const RtPointer* values);
 void _zelSystem(const char* command);
 
+// Geometry of later versions. Names are texts; tags and string arguments are
+// arrays of texts. A subdivision mesh's nargs holds 2 numbers per tag (ints,
+// floats), a hierarchical one's 3 (ints, floats, strings).
+void _zelSubdivisionMeshV(const char* scheme, int32_t nfaces, const int32_t* nvertices,
+                          const int32_t* vertices, int32_t ntags, const char* const* tags,
+                          const int32_t* nargs, const int32_t* intargs, const float* floatargs,
+                          int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelHierarchicalSubdivisionMeshV(const char* scheme, int32_t nfaces, const int32_t* nvertices,
+                                      const int32_t* vertices, int32_t ntags,
+                                      const char* const* tags, const int32_t* nargs,
+                                      const int32_t* intargs, const float* floatargs,
+                                      const char* const* stringargs, int32_t n,
+                                      const uint16_t* codes, const RtPointer* values);
+void _zelPointsV(int32_t npoints, int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelCurvesV(const char* type, int32_t ncurves, const int32_t* nvertices, const char* wrap,
+                 int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelBlobbyV(int32_t nleaf, int32_t ncode, const int32_t* code, int32_t nfloats,
+                 const float* floats, int32_t nstrings, const char* const* strings, int32_t n,
+                 const uint16_t* codes, const RtPointer* values);
+
 // Errors: `which` is always kZelHandlerSetting; `mode` is one of the three
 // below, the codes of the tokens "ignore", "print" and "abort".
 constexpr uint16_t kZelHandlerSetting = 0x0B0F;

@@ -30,9 +30,18 @@ struct extendedrequest {
 // The requests that only the extended reader knows. A new one is a row here
 // and its handler.
 const extendedrequest kRequests[] = {
-    {"ReadArchive", &extendedrib::ReadArchive}, {"ArchiveBegin", &extendedrib::ArchiveBegin},
-    {"ArchiveEnd", &extendedrib::ArchiveEnd},   {"Procedural", &extendedrib::Procedural},
-    {"Procedural2", &extendedrib::Procedural2}, {"System", &extendedrib::System},
+    {"ReadArchive", &extendedrib::ReadArchive},
+    {"ArchiveBegin", &extendedrib::ArchiveBegin},
+    {"ArchiveEnd", &extendedrib::ArchiveEnd},
+    {"Procedural", &extendedrib::Procedural},
+    {"Procedural2", &extendedrib::Procedural2},
+    {"System", &extendedrib::System},
+    // Geometry of later versions
+    {"SubdivisionMesh", &extendedrib::SubdivisionMesh},
+    {"HierarchicalSubdivisionMesh", &extendedrib::HierarchicalSubdivisionMesh},
+    {"Points", &extendedrib::Points},
+    {"Curves", &extendedrib::Curves},
+    {"Blobby", &extendedrib::Blobby},
 };
 
 // Shading nodes, cameras and spaces, resources, conditionals and edits

@@ -21,7 +21,7 @@ char* const kNoMore = nullptr;
 
 // Vertices are shared, so the points array must reach the highest index used;
 // an index no polygon uses still counts as a point.
-static int16_t pointCount(lexanrib& lex, const Array<int32_t>& verts, int32_t n, int64_t& points) {
+int16_t pointCount(lexanrib& lex, const Array<int32_t>& verts, int32_t n, int64_t& points) {
   int32_t highest = 0;
   for (int32_t i = 0; i < n; ++i) {
     if (verts.data[i] < 0) {
