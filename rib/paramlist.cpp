@@ -172,6 +172,17 @@ int16_t parserib::skipvalue() {
 
 // The names are char* (RtTokens or text) and the list ends with a null pointer
 // of pointer width, such as RI_NULL.
+int32_t parserib::indexOf(const tokenvalue& tv, const char* name) const {
+  const int32_t at = tv.tokens.find(const_cast<char*>(name));
+  if (at >= 0 || !options.extended) return at;
+  const Token* wanted = find(name);
+  for (uint32_t i = 0; wanted && i < tv.tokens.count; ++i) {
+    const Token* t = find(tv.tokens.data[i]);
+    if (t && t->code == wanted->code) return static_cast<int32_t>(i);
+  }
+  return -1;
+}
+
 int16_t parserib::verify(const tokenvalue& tv, int32_t uniform, int32_t varying, int32_t vertex,
                          ...) {
   Array<char*> required;
@@ -184,7 +195,7 @@ int16_t parserib::verify(const tokenvalue& tv, int32_t uniform, int32_t varying,
 
   if (required.count > 0) {
     int present = 0;
-    for (uint32_t i = 0; i < required.count; ++i) present += tv.tokens.find(required.data[i]) >= 0;
+    for (uint32_t i = 0; i < required.count; ++i) present += indexOf(tv, required.data[i]) >= 0;
     if (present != 1) {
       const std::string text = alternatives(required);
       lex.RIBError(kRibBadValue, kRibError,

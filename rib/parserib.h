@@ -116,6 +116,10 @@ class parserib {
   int16_t skipvalue();
   // The variable part is a list of char* token names ended by a null pointer.
   int16_t verify(const tokenvalue& tv, int32_t uniform, int32_t varying, int32_t vertex, ...);
+  // Where the list holds the dictionary's `name`, or -1. In the extended
+  // reader a declaration of the list's own for that name ("vertex point P")
+  // is the same parameter.
+  int32_t indexOf(const tokenvalue& tv, const char* name) const;
 
   int32_t colorsamples = 3;
   lexanrib lex;

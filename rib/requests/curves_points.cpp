@@ -18,7 +18,7 @@ char* const kNoMore = nullptr;
 void extendedrib::Points() {
   tokenvalue params;
   if (!match(params, 0)) return;
-  const int32_t p = params.tokens.find(RI_P);
+  const int32_t p = indexOf(params, RI_P);
   if (p < 0) {
     lex.RIBError(kRibBadValue, kRibError, "'P' argument is required");
     return;

@@ -39,7 +39,7 @@ int16_t pointCount(lexanrib& lex, const Array<int32_t>& verts, int32_t n, int64_
 void rendrib::Polygon() {
   tokenvalue params;
   if (!match(params, 0)) return;
-  const int32_t p = params.tokens.find(RI_P);
+  const int32_t p = indexOf(params, RI_P);
   if (p < 0) {
     lex.RIBError(kRibBadValue, kRibError, "'P' argument is required");
     return;

@@ -75,6 +75,8 @@ INSTANTIATE_TEST_SUITE_P(
                         3),
                   "HierarchicalSubdivisionMeshV", 1, 3, 3, 3},
         CountCase{withP("Points", 5), "PointsV", 1, 5, 5, 5},
+        // "P" declared in the list itself is the required "P".
+        CountCase{"Points \"vertex point P\" " + numbers(15), "PointsV", 1, 5, 5, 5},
         CountCase{withP("Curves \"linear\" [2 3] \"nonperiodic\"", 5), "CurvesV", 2, 5, 5, 5},
         CountCase{withP("Curves \"linear\" [3] \"periodic\"", 3), "CurvesV", 1, 3, 3, 3},
         // 4 + k * 3 vertices, for the v step 3 that holds before any Basis.
