@@ -98,6 +98,81 @@ class Array {
   static T* copyOf(const T* source, uint32_t capacity, uint32_t count);
 };
 
+// How ArrayCursor makes room by default.
+struct GrowArray {
+  template <class T>
+  void operator()(Array<T>& a) const {
+    a.grow();
+  }
+};
+
+// Appends to an array through local copies of its fields, so that a byte or
+// number loop keeps them in registers (a store through data could otherwise
+// be taken to change them). The array's count is brought up to date before
+// every grow, which may throw, and when the cursor goes out of scope. With a
+// limit, push takes no element beyond it; `Grow` is called to make room.
+template <class T, class Grow = GrowArray>
+class ArrayCursor {
+ public:
+  explicit ArrayCursor(Array<T>& a, Grow grow = Grow(), uint32_t limit = UINT32_MAX)
+      : a_(a),
+        grow_(grow),
+        d_(a.data),
+        n_(a.count),
+        cap_(a.capacity),
+        limit_(limit),
+        room_(room()) {}
+  ArrayCursor(const ArrayCursor&) = delete;
+  ArrayCursor& operator=(const ArrayCursor&) = delete;
+  ~ArrayCursor() { a_.count = n_; }
+
+  // False, taking nothing, at the limit.
+  bool push(T value) {
+    if (n_ == room_ && !spill()) return false;
+    d_[n_++] = value;
+    return true;
+  }
+  // Appends past the limit: a terminator always finds room.
+  void close(T value) {
+    if (n_ == cap_) grow();
+    d_[n_++] = value;
+  }
+  // The next element, or the next n, counted from now on (no limit).
+  T& next() {
+    if (n_ == cap_) grow();
+    return d_[n_++];
+  }
+  T* next(uint32_t n) {
+    while (cap_ - n_ < n) grow();
+    T* at = d_ + n_;
+    n_ += n;
+    return at;
+  }
+
+ private:
+  uint32_t room() const { return cap_ < limit_ ? cap_ : limit_; }
+  bool spill() {
+    if (n_ >= limit_) return false;
+    grow();
+    return true;
+  }
+  void grow() {
+    a_.count = n_;
+    grow_(a_);
+    d_ = a_.data;
+    cap_ = a_.capacity;
+    room_ = room();
+  }
+
+  Array<T>& a_;
+  [[no_unique_address]] Grow grow_;
+  T* d_;
+  uint32_t n_;
+  uint32_t cap_;
+  uint32_t limit_;
+  uint32_t room_;
+};
+
 // A new buffer of capacity elements holding count copies from source. If a
 // copy throws (a String running out of memory) the new buffer is released,
 // so callers can leave their own state untouched until this has succeeded.

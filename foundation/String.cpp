@@ -69,14 +69,9 @@ String::operator const char*() const {
   return *this == null ? nullptr : data;
 }
 
+// Up to the first NUL, which may come before length.
 uint32_t String::hash() const {
-  uint32_t h = 0;
-  for (const char* p = data; *p; ++p) {
-    h = (h << 4) + static_cast<uint32_t>(static_cast<int32_t>(static_cast<signed char>(*p)));
-    uint32_t g = h & 0xf0000000u;
-    if (g) h = h ^ g ^ (g >> 24);
-  }
-  return h;
+  return hash(data, static_cast<uint32_t>(std::strlen(data)));
 }
 
 char& String::operator[](uint16_t i) const {

@@ -28,6 +28,16 @@ class String {
 
   // PJW (ELF) hash over the bytes taken as signed; "abc" hashes to 26499.
   uint32_t hash() const;
+  // The same over n bytes that need not be a String, so that a lookup
+  // allocates nothing.
+  static uint32_t hash(const char* text, uint32_t n) {
+    uint32_t h = 0;
+    for (uint32_t i = 0; i < n; ++i) {
+      h = (h << 4) + static_cast<uint32_t>(static_cast<int32_t>(static_cast<signed char>(text[i])));
+      if (const uint32_t g = h & 0xf0000000u) h ^= g ^ (g >> 24);
+    }
+    return h;
+  }
 
   // The character at i; the terminator at i == length is legal. A larger
   // index is reported through indexErrorHook and replaced by length.

@@ -1,11 +1,10 @@
 #include "frontend/conversion.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 
 #include "frontend/gzipbytesource.h"
+#include "frontend/outputname.h"
 #include "interface/error.h"
 #include "interface/scene/zel.h"
 #include "rib/requests/extendedrib.h"
@@ -56,14 +55,7 @@ bool conversion::open() {
   zelSetMessageSink(&conversion::printMessage);
   setAbortFlush(flushBeforeAbort);
   zelSetReader(request_.extended ? "extended" : nullptr);
-  inputfile::stopcheck stop;
-  if (request_.stop) stop = [this] { return stopAsked(); };
-  archives_.stopWith(stop);
-  if (!input_.open(request_.input, stop)) {
-    fail("Unable to open input file " + describeInput(request_.input) + ": " + input_.problem());
-    return false;
-  }
-  if (!openOutput()) return false;
+  if (!openInput() || !openOutput()) return false;
   makeSource();
   makeReader();
   rib_->errorPrinter(&conversion::printLog);
@@ -71,28 +63,45 @@ bool conversion::open() {
   return true;
 }
 
+bool conversion::openInput() {
+  if (inMemory()) return true;
+  inputfile::stopcheck stop;
+  if (request_.stop) stop = [this] { return stopAsked(); };
+  archives_.stopWith(stop);
+  if (input_.open(request_.input, stop)) return true;
+  fail("Unable to open input file " + describeInput(request_.input) + ": " + input_.problem());
+  return false;
+}
+
 bool conversion::openOutput() {
   if (request_.parseOnly) {
     zelSkipOutput();
     return true;
   }
-  const std::string& path = request_.output;
-  if (path == "-") {
-    zelOutputToStream(stdout);
+  if (request_.discardOutput) {
+    zelDiscardOutput();
     return true;
   }
-  if (input_.isSameFile(path)) {
-    fail("The output " + quoted(path) + " is the input file");
-    return false;
+  const std::string& path = request_.output;
+  std::FILE* stream = request_.outputStream;
+  if (!stream && path == "-") stream = stdout;
+  if (stream) {
+    zelOutputToStream(stream);
+    return true;
   }
   // Proves that the file can be written before the library takes it over,
-  // as the desktop program does; this creates or empties it.
-  std::FILE* probe = std::fopen(path.c_str(), "wb");
-  if (!probe) {
-    fail("Unable to open file " + quoted(path) + ": " + std::strerror(errno));
-    return false;
+  // which the desktop program also asks before it starts one.
+  std::string reason;
+  switch (checkoutput(input_, path, reason)) {
+    case outputcheck::isInput:
+      fail("The output " + quoted(path) + " is the input file");
+      return false;
+    case outputcheck::unwritable:
+      fail("Unable to open file " + quoted(path) + ": " + reason);
+      return false;
+    case outputcheck::usable:
+      break;
   }
-  std::fclose(probe);
   _zelOutputFile(kZelSceneFile, path.c_str());
   if (zelWriteFailed()) {
     error_ = zelWriteError();
@@ -105,27 +114,40 @@ bool conversion::openOutput() {
 
 // Compressed input is recognised by its first two bytes, the gzip signature.
 void conversion::makeSource() {
-  size_t n = 0;
-  const unsigned char* head = input_.peek(2, n);
-  if (gzipbytesource::recognises(head, n)) {
-    auto gzip = std::make_unique<gzipbytesource>(input_);
-    gzip_ = gzip.get();
-    source_ = std::move(gzip);
-  } else {
-    source_ = std::make_unique<plainbytesource>(input_);
+  if (request_.source) {
+    source_ = request_.source;
+    gzip_ = dynamic_cast<gzipbytesource*>(source_);
+    return;
   }
+  if (request_.text) {
+    ownSource_ = std::make_unique<memorybytesource>(request_.text->data(), request_.text->size());
+  } else {
+    size_t n = 0;
+    const unsigned char* head = input_.peek(2, n);
+    if (gzipbytesource::recognises(head, n)) {
+      auto gzip = std::make_unique<gzipbytesource>(input_);
+      gzip_ = gzip.get();
+      ownSource_ = std::move(gzip);
+    } else {
+      ownSource_ = std::make_unique<plainbytesource>(input_);
+    }
+  }
+  source_ = ownSource_.get();
 }
 
 // Archives named by standard input are found from the current folder.
 void conversion::makeReader() {
   const bool stdinput = request_.input == "-";
   const char* name = stdinput ? "stdin" : request_.input.c_str();
+  readeroptions options;
+  options.mayAbort = request_.mayAbort;
   if (!request_.extended) {
-    rib_ = std::make_unique<rendrib>(*source_, name);
+    rib_ = std::make_unique<rendrib>(*source_, name, options);
     return;
   }
   std::string folder = stdinput ? "" : std::filesystem::path(request_.input).parent_path().string();
-  rib_ = std::make_unique<extendedrib>(*source_, name, std::move(folder), &archives_);
+  archiveopener* opener = inMemory() ? nullptr : &archives_;
+  rib_ = std::make_unique<extendedrib>(*source_, name, std::move(folder), opener, options);
 }
 
 bool conversion::step() {
@@ -188,15 +210,18 @@ bool conversion::stopAsked() {
 
 uint64_t conversion::bytesRead() const {
   // A plain source knows the scanner's exact position; a compressed one only
-  // how much of the file the decompressor has taken.
-  if (source_ && !gzip_) return source_->consumed();
+  // how much of the file the decompressor has taken, unless the caller holds
+  // the file.
+  if (source_ && (!gzip_ || request_.source)) return source_->consumed();
   return input_.consumed();
 }
 
 double conversion::progress() const {
-  if (input_.size() < 0) return -1;
-  if (input_.size() == 0) return phase_ == phase::running ? 0 : 1;
-  double fraction = static_cast<double>(bytesRead()) / static_cast<double>(input_.size());
+  int64_t size = input_.size();
+  if (request_.text) size = static_cast<int64_t>(request_.text->size());
+  if (size < 0) return -1;
+  if (size == 0) return phase_ == phase::running ? 0 : 1;
+  double fraction = static_cast<double>(bytesRead()) / static_cast<double>(size);
   return fraction > 1 ? 1 : fraction;
 }
 

@@ -11,9 +11,12 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "frontend/archivefiles.h"
 #include "frontend/inputfile.h"
@@ -27,9 +30,17 @@ class conversion {
   using linesink = std::function<void(const char* line)>;
 
   struct request {
-    std::string input;          // a path, or "-" for standard input
-    std::string output;         // a path, or "-" for standard output; unused when parseOnly
-    bool parseOnly = false;     // run every layer and check, but format no scene
+    std::string input;  // a path, or "-" for standard input; with `text` or `source`, its name
+    // The input's bytes, held by the caller until the conversion ends, read
+    // instead of the file, or a source of them that the caller keeps. Either
+    // reads inline archives only.
+    std::optional<std::string_view> text;
+    bytesource* source = nullptr;
+    std::string output;                 // a path, or "-" for standard output; unused when parseOnly
+    std::FILE* outputStream = nullptr;  // instead of `output`; the caller closes it
+    bool discardOutput = false;         // format every record and drop it (fuzzing)
+    bool parseOnly = false;             // run every layer and check, but format no scene
+    bool mayAbort = true;       // false: an "abort" error handler in the scene prints instead
     bool extended = false;      // read the forms of later RIB versions (extendedrib)
     linesink log;               // RIB messages (line and token); they decide the status
     linesink messages;          // messages of the Ri layer and of the scene library
@@ -83,6 +94,8 @@ class conversion {
   const std::string& outputPath() const { return request_.output; }
 
  private:
+  bool inMemory() const { return request_.text || request_.source; }
+  bool openInput();
   bool openOutput();
   void makeSource();
   void makeReader();
@@ -99,7 +112,8 @@ class conversion {
   std::string error_;
   bool errorShown_ = false;
   inputfile input_;
-  std::unique_ptr<bytesource> source_;
+  std::unique_ptr<bytesource> ownSource_;
+  bytesource* source_ = nullptr;    // what the reader reads
   gzipbytesource* gzip_ = nullptr;  // source_ when the input is compressed
   archivefiles archives_;
   std::unique_ptr<rendrib> rib_;

@@ -2,6 +2,10 @@
 
 #include <strings.h>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
 namespace {
 
 bool endsWithGz(const std::string& name, size_t base) {
@@ -18,4 +22,15 @@ std::string defaultoutputpath(const std::string& input) {
   size_t dot = stem.find_last_of('.');
   if (dot != std::string::npos && dot > base) stem.resize(dot);
   return stem + ".zel";
+}
+
+outputcheck checkoutput(const inputfile& input, const std::string& path, std::string& reason) {
+  if (input.isSameFile(path)) return outputcheck::isInput;
+  std::FILE* probe = std::fopen(path.c_str(), "wb");
+  if (!probe) {
+    reason = std::strerror(errno);
+    return outputcheck::unwritable;
+  }
+  std::fclose(probe);
+  return outputcheck::usable;
 }

@@ -9,16 +9,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
+#include "frontend/conversion.h"
 #include "frontend/gzipbytesource.h"
 #include "frontend/inputfile.h"
-#include "interface/error.h"
-#include "interface/ri.h"
 #include "rib/bytesource.h"
 #include "rib/lexanrib.h"
-#include "rib/requests/extendedrib.h"
-#include "rib/requests/rendrib.h"
-#include "zel/zellib.h"
 
 namespace fuzzinput {
 
@@ -55,63 +52,40 @@ inline void scan(const uint8_t* data, size_t size) {
   if (calls > 2 * size + 2) __builtin_trap();
 }
 
-// An input may ask for "abort", which ends the process by design. Right after
-// the request has switched the two error paths, and before anything else can
-// be reported, they are put back to printing, so that only a real fault ends
-// a run.
-template <class Reader>
-class noabort : public Reader {
- public:
-  using Reader::Reader;
-  void ErrorHandler() override {
-    Reader::ErrorHandler();
-    if (this->lex.RIBErrorHandler == &lexanrib::RIBErrorAbort)
-      this->lex.RIBErrorHandler = &lexanrib::RIBErrorPrint;
-    if (Error::fHandler == RiErrorAbort) RiErrorHandler(RiErrorPrint);
+// A whole conversion through the front ends' conversion object: every
+// statement through the reader, the Ri layer and the scene library, which
+// formats every record and drops it. A scene may not end the process by
+// asking for "abort": only a real fault ends a run. The conversion is
+// cancelled once more than `cancelAfter` bytes have been read.
+inline void run(conversion::request r, uint64_t cancelAfter) {
+  r.input = "fuzz";
+  r.discardOutput = true;
+  r.mayAbort = false;
+  r.log = discard;
+  r.messages = discard;
+  conversion c(std::move(r));
+  if (!c.open()) return;
+  while (c.step()) {
+    if (c.bytesRead() > cancelAfter) c.cancel();
   }
-};
-using fuzzrib = noabort<rendrib>;
+}
 
-// The extended reader, whose archives are read by readers of the same kind.
-// It opens no file: only inline archives are played.
-class fuzzextended : public noabort<extendedrib> {
- public:
-  explicit fuzzextended(bytesource& in) : noabort<extendedrib>(in, "fuzz", "", nullptr) {}
-
- private:
-  fuzzextended(bytesource& in, const char* name, std::string folder, std::string identity,
-               extendedrib& outer)
-      : noabort<extendedrib>(in, name, std::move(folder), std::move(identity), outer) {}
-  std::unique_ptr<extendedrib> archiveReader(bytesource& in, const char* name, std::string folder,
-                                             std::string identity) override {
-    return std::unique_ptr<extendedrib>(
-        new fuzzextended(in, name, std::move(folder), std::move(identity), *this));
-  }
-};
-
-// A whole conversion: every statement through parse1, the Ri layer and the
-// scene library, which formats every record and drops it.
-template <class Reader, class... Args>
-void convertWith(bytesource& in, Args... args) {
-  setMessageSink(discard);
-  zelSetMessageSink(discard);
-  zelDiscardOutput();
-  Reader rib(in, args...);
-  rib.errorPrinter(discard);
-  while (rib.parse1()) {
-  }
-  zelFlush();
+inline void convertText(const uint8_t* data, size_t size, bool extended) {
+  conversion::request r;
+  r.text = std::string_view(reinterpret_cast<const char*>(data), size);
+  r.extended = extended;
+  // An input of odd length is cancelled halfway, so that the cancel phase is
+  // fuzzed as well as the finish and fail phases.
+  run(std::move(r), size % 2 == 1 ? size / 2 : UINT64_MAX);
 }
 
 inline void convert(const uint8_t* data, size_t size) {
-  memorybytesource in(data, size);
-  convertWith<fuzzrib>(in, "fuzz");
+  convertText(data, size, false);
 }
 
-// The same through the extended reader.
+// The same through the extended reader, which plays inline archives only.
 inline void convertExtended(const uint8_t* data, size_t size) {
-  memorybytesource in(data, size);
-  convertWith<fuzzextended>(in);
+  convertText(data, size, true);
 }
 
 // Decompressed text beyond this is not read: a megabyte can expand a
@@ -150,7 +124,9 @@ inline void convertgzip(const uint8_t* data, size_t size) {
   close(fd);
   if (!opened) __builtin_trap();
   cappedgzip in(file);
-  convertWith<fuzzrib>(in, "fuzz");
+  conversion::request r;
+  r.source = &in;
+  run(std::move(r), UINT64_MAX);
 }
 
 }  // namespace fuzzinput

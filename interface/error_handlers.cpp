@@ -63,13 +63,6 @@ std::string codeSentence(RtInt code) {
   return " Error code: " + std::to_string(code);
 }
 
-// The library is always told 0x0B0F first; the three standard handlers go by
-// the codes of the tokens "ignore", "print" and "abort".
-constexpr uint16_t kHandlerSetting = 0x0B0F;
-constexpr uint16_t kIgnore = 0x0C00;
-constexpr uint16_t kPrint = 0x0C01;
-constexpr uint16_t kAbort = 0x0C02;
-
 void writeToStandardError(const char* line) {
   std::fputs(line, stderr);
   std::fputc('\n', stderr);
@@ -102,13 +95,13 @@ RtVoid RiErrorAbort(RtInt code, RtInt severity, const char* message) {
 RtVoid RiErrorHandler(RtErrorHandler handler) {
   setErrorHandler(handler);
   if (handler == RiErrorIgnore) {
-    _zelErrorHandler(kHandlerSetting, kIgnore);
+    _zelErrorHandler(kZelHandlerSetting, kZelIgnore);
   } else if (handler == RiErrorPrint) {
-    _zelErrorHandler(kHandlerSetting, kPrint);
+    _zelErrorHandler(kZelHandlerSetting, kZelPrint);
   } else if (handler == RiErrorAbort) {
-    _zelErrorHandler(kHandlerSetting, kAbort);
+    _zelErrorHandler(kZelHandlerSetting, kZelAbort);
   } else {
-    _zelCustomErrorHandler(kHandlerSetting, handler);
+    _zelCustomErrorHandler(kZelHandlerSetting, handler);
   }
 }
 

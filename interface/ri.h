@@ -192,6 +192,34 @@ RtVoid RiSystem(RtString command);
 RtVoid RiGeometry(RtToken type, ...);
 RtVoid RiGeometryV(RtToken type, RtInt n, RtToken tokens[], RtPointer values[]);
 
+// Geometry of later versions. A subdivision mesh's nargs holds 2 numbers per
+// tag (how many intargs and floatargs it takes), a hierarchical one's 3 (and
+// how many stringargs). Cubic curves step by the v step of the last RiBasis.
+// A blobby's code indexes its floats and strings (see the scene format).
+RtVoid RiSubdivisionMesh(RtToken scheme, RtInt nfaces, RtInt nvertices[], RtInt vertices[],
+                         RtInt ntags, RtToken tags[], RtInt nargs[], RtInt intargs[],
+                         RtFloat floatargs[], ...);
+RtVoid RiSubdivisionMeshV(RtToken scheme, RtInt nfaces, RtInt nvertices[], RtInt vertices[],
+                          RtInt ntags, RtToken tags[], RtInt nargs[], RtInt intargs[],
+                          RtFloat floatargs[], RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiHierarchicalSubdivisionMesh(RtToken scheme, RtInt nfaces, RtInt nvertices[],
+                                     RtInt vertices[], RtInt ntags, RtToken tags[], RtInt nargs[],
+                                     RtInt intargs[], RtFloat floatargs[], RtToken stringargs[],
+                                     ...);
+RtVoid RiHierarchicalSubdivisionMeshV(RtToken scheme, RtInt nfaces, RtInt nvertices[],
+                                      RtInt vertices[], RtInt ntags, RtToken tags[], RtInt nargs[],
+                                      RtInt intargs[], RtFloat floatargs[], RtToken stringargs[],
+                                      RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiPoints(RtInt npoints, ...);
+RtVoid RiPointsV(RtInt npoints, RtInt n, RtToken tokens[], RtPointer values[]);
+RtVoid RiCurves(RtToken type, RtInt ncurves, RtInt nvertices[], RtToken wrap, ...);
+RtVoid RiCurvesV(RtToken type, RtInt ncurves, RtInt nvertices[], RtToken wrap, RtInt n,
+                 RtToken tokens[], RtPointer values[]);
+RtVoid RiBlobby(RtInt nleaf, RtInt ncode, RtInt code[], RtInt nfloats, RtFloat floats[],
+                RtInt nstrings, RtToken strings[], ...);
+RtVoid RiBlobbyV(RtInt nleaf, RtInt ncode, RtInt code[], RtInt nfloats, RtFloat floats[],
+                 RtInt nstrings, RtToken strings[], RtInt n, RtToken tokens[], RtPointer values[]);
+
 // --- Blocks ------------------------------------------------------------------------
 // Inside a motion block only the first motion-sensitive call takes effect.
 

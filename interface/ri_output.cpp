@@ -14,11 +14,7 @@ constexpr uint16_t kRgba = 0x0303;
 constexpr uint16_t kDepth = 0x0304;
 constexpr uint16_t kFramebuffer = 0xFF01;
 constexpr uint16_t kFile = 0xFF02;
-constexpr uint16_t kFirstMode = 0x0301;
-constexpr uint16_t kLastMode = 0x0307;
 constexpr uint16_t kOrigin = 0xFF15;
-constexpr uint16_t kHidden = 0x0400;
-constexpr uint16_t kPaint = 0x0401;
 constexpr uint16_t kJitter = 0xFF05;
 
 struct StandardFilter {
@@ -52,7 +48,7 @@ void display(char* name, RtToken type, RtToken mode, RtInt n, RtToken tokens[],
 
   Token* samples = confirm(mode);
   if (!samples) return;
-  if (samples->code < kFirstMode || samples->code > kLastMode) {
+  if (samples->code < kZelFirstSamples || samples->code > kZelLastSamples) {
     error(RIE_RANGE, RIE_ERROR, "%s: unknown display mode \"%s\"", name ? name : "null",
           samples->name.c_str());
     return;
@@ -73,11 +69,11 @@ void hider(RtToken type, RtInt n, RtToken tokens[], RtPointer values[]) {
   uint16_t number = 0;
   if (type) {
     Token* record = find(type);
-    if (record && (record->code == kHidden || record->code == kPaint)) {
+    if (record && (record->code == kZelHidden || record->code == kZelPaint)) {
       number = record->code;
     } else {
       error(RIE_RANGE, RIE_ERROR, "unknown hider type \"%s\", using hidden", printableName(type));
-      number = kHidden;
+      number = kZelHidden;
     }
   }
   _zelHider(number);

@@ -36,16 +36,15 @@ bool isWord(RtToken token, const char* word) {
   return text && std::strcmp(text, word) == 0;
 }
 
-// Patches along one direction of a mesh; the 4 is fixed whatever the step.
-// A bicubic mesh with a step of 0 has none: the reader refuses such a mesh.
+// Patches along one direction of a mesh. The 4 is fixed whatever the step;
+// divisions truncate toward zero, so (3 - 4) / 3 + 1 is 1 patch.
 int64_t meshPatches(bool bicubic, bool periodic, int64_t points, int64_t step) {
   if (!bicubic) return periodic ? points : points - 1;
   if (step == 0) return 0;
   return periodic ? points / step : (points - 4) / step + 1;
 }
 
-RtInt gUStep = 3;
-RtInt gVStep = 3;
+BasisSteps gSteps = {3, 3};
 
 }  // namespace
 
@@ -71,19 +70,26 @@ PrimitiveCounts pointsGeneralPolygonsCounts(RtInt npolys, const RtInt nloops[],
   return {npolys, points, points, faceVertices};
 }
 
-PrimitiveCounts patchCounts(RtToken type) {
-  int64_t corners = isWord(type, "bicubic") ? 16 : 4;
+PrimitiveCounts patchCounts(bool bicubic) {
+  int64_t corners = bicubic ? 16 : 4;
   return {1, corners, corners};
 }
 
-PrimitiveCounts patchMeshCounts(RtToken type, RtInt nu, RtToken uwrap, RtInt nv, RtToken vwrap) {
-  bool bicubic = isWord(type, "bicubic");
-  bool uperiodic = isWord(uwrap, "periodic");
-  bool vperiodic = isWord(vwrap, "periodic");
-  int64_t pu = meshPatches(bicubic, uperiodic, nu, gUStep);
-  int64_t pv = meshPatches(bicubic, vperiodic, nv, gVStep);
+PrimitiveCounts patchCounts(RtToken type) {
+  return patchCounts(isWord(type, "bicubic"));
+}
+
+PrimitiveCounts patchMeshCounts(bool bicubic, int64_t nu, bool uperiodic, int64_t nv,
+                                bool vperiodic) {
+  int64_t pu = meshPatches(bicubic, uperiodic, nu, gSteps.u);
+  int64_t pv = meshPatches(bicubic, vperiodic, nv, gSteps.v);
   int64_t varying = (pu + (uperiodic ? 0 : 1)) * (pv + (vperiodic ? 0 : 1));
-  return {pu * pv, varying, int64_t{nu} * nv};
+  return {pu * pv, varying, nu * nv};
+}
+
+PrimitiveCounts patchMeshCounts(RtToken type, RtInt nu, RtToken uwrap, RtInt nv, RtToken vwrap) {
+  return patchMeshCounts(isWord(type, "bicubic"), nu, isWord(uwrap, "periodic"), nv,
+                         isWord(vwrap, "periodic"));
 }
 
 PrimitiveCounts nuPatchCounts(RtInt nu, RtInt nv) {
@@ -95,9 +101,45 @@ PrimitiveCounts quadricCounts() {
   return {1, 4, 4};
 }
 
+BasisSteps basisSteps() {
+  return gSteps;
+}
+
+bool curveShape(bool cubic, bool periodic, int64_t vertices, int64_t vstep, CurveShape& shape) {
+  if (!cubic) {
+    shape = {periodic ? vertices : vertices - 1, vertices};
+    return vertices >= 2;
+  }
+  if (vstep < 1) return false;
+  if (periodic) {
+    shape = {vertices / vstep, vertices / vstep};
+    return vertices > 0 && vertices % vstep == 0;
+  }
+  shape = {(vertices - 4) / vstep + 1, (vertices - 4) / vstep + 2};
+  return vertices >= 4 && (vertices - 4) % vstep == 0;
+}
+
+PrimitiveCounts curvesCounts(RtToken type, RtInt ncurves, const RtInt nvertices[], RtToken wrap) {
+  const bool cubic = isWord(type, "cubic");
+  const bool periodic = isWord(wrap, "periodic");
+  int64_t varying = 0;
+  for (RtInt i = 0; nvertices && i < ncurves; ++i) {
+    CurveShape shape;
+    if (curveShape(cubic, periodic, nvertices[i], gSteps.v, shape)) varying += shape.varying;
+  }
+  return {ncurves, varying, sum(nvertices, ncurves)};
+}
+
+PrimitiveCounts pointsCounts(RtInt npoints) {
+  return {1, npoints, npoints};
+}
+
+PrimitiveCounts blobbyCounts(RtInt nleaf) {
+  return {1, nleaf, nleaf};
+}
+
 void setBasisSteps(RtInt ustep, RtInt vstep) {
-  gUStep = ustep;
-  gVStep = vstep;
+  gSteps = {ustep, vstep};
 }
 
 void resetBasisSteps() {

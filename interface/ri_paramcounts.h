@@ -34,6 +34,40 @@ PrimitiveCounts patchMeshCounts(RtToken type, RtInt nu, RtToken uwrap, RtInt nv,
 PrimitiveCounts nuPatchCounts(RtInt nu, RtInt nv);
 PrimitiveCounts quadricCounts();
 
+// The forms the RIB reader holds a request's list to, before any token exists
+// for the words that pick them; the token forms above call these.
+PrimitiveCounts patchCounts(bool bicubic);
+// With the current basis steps. A bicubic mesh with a step of 0 has no
+// patches: the reader refuses such a mesh before asking.
+PrimitiveCounts patchMeshCounts(bool bicubic, int64_t nu, bool uperiodic, int64_t nv,
+                                bool vperiodic);
+
+// The basis steps a bicubic patch mesh is divided by: the one store the
+// reader and this layer both read. RiBasis sets them; they belong to no
+// graphics state. A new conversion starts them afresh at 3.
+struct BasisSteps {
+  RtInt u;
+  RtInt v;
+};
+BasisSteps basisSteps();
+
+// Geometry of later versions. A subdivision mesh counts as a polygon mesh
+// (pointsPolygonsCounts).
+//
+// One curve of `vertices` control points: its segments and varying values.
+// False when no curve of the type and wrap has that many; cubic curves step
+// by `vstep`, and no step below 1 makes a cubic curve.
+struct CurveShape {
+  int64_t segments;
+  int64_t varying;
+};
+bool curveShape(bool cubic, bool periodic, int64_t vertices, int64_t vstep, CurveShape& shape);
+// Curves with the v step of the last RiBasis; a curve of no valid shape
+// counts no varying values.
+PrimitiveCounts curvesCounts(RtToken type, RtInt ncurves, const RtInt nvertices[], RtToken wrap);
+PrimitiveCounts pointsCounts(RtInt npoints);
+PrimitiveCounts blobbyCounts(RtInt nleaf);
+
 // The basis steps a bicubic patch mesh is divided by. RiBasis sets them; like
 // the reader's, they belong to no graphics state. A new conversion must start
 // them afresh at 3, as the reader does.

@@ -248,9 +248,9 @@ void lexanrib::scanstring(unsigned char) {
   try {
     scanstringbody();
   } catch (RIBException& e) {
-    if (e.code != 13) throw;
-    RIBError(15, e.severity, "%s", e.message.c_str());
-    throw RIBException(0, e.severity, String());
+    if (e.code != kRibNoMemory) throw;
+    RIBError(kRibStringMemory, e.severity, "%s", e.message.c_str());
+    throw RIBException(kRibReported, e.severity, String());
   }
 }
 
@@ -267,14 +267,14 @@ void lexanrib::scanstringbody() {
     if (c != '\\') {
       newline();
       TextCursor(*this).end();
-      throw exception(16, 2, "String runs past end of line");
+      throw exception(kRibSyntax, kRibError, "String runs past end of line");
     }
     int byte = scanescape();
     if (byte == kEscapeEnded) break;
     if (byte != kEscapeNothing) TextCursor(*this).push(static_cast<char>(byte));
   }
   TextCursor(*this).end();
-  if (!closed) RIBError(16, 2, "Unterminated string");
+  if (!closed) RIBError(kRibSyntax, kRibError, "Unterminated string");
 }
 
 // Appends string bytes up to one that needs a closer look (a quote, a
@@ -347,7 +347,7 @@ int16_t lexanrib::scannumber(unsigned char c) {
   int stop = scanword(c);
   if (stop == kWordFull) return scanlongnumber();
   int16_t kind = stop >= 0x80 ? LEXNONE : convertnumber(text.data, text.data + text.count - 1);
-  if (kind == LEXNONE) throw exception(16, 2, "Invalid number");
+  if (kind == LEXNONE) throw exception(kRibSyntax, kRibError, "Invalid number");
   return kind;
 }
 
@@ -357,7 +357,7 @@ int16_t lexanrib::scanlongnumber() {
   for (uint32_t i = 0; i + 1 < text.count; ++i) number.take(text.data[i]);
   auto take = [](void* to, char c) { static_cast<longnumber*>(to)->take(c); };
   int stop = restofword(take, &number);
-  if (stop >= 0x80 || !number.valid()) throw exception(16, 2, "Invalid number");
+  if (stop >= 0x80 || !number.valid()) throw exception(kRibSyntax, kRibError, "Invalid number");
   const std::string value = number.shortText();
   return convertnumber(value.data(), value.data() + value.size());
 }

@@ -49,7 +49,7 @@ class lexanrib {
   lexanrib& operator=(const lexanrib&) = delete;
 
   // Scans one token and returns its kind. Throws RIBException on a malformed
-  // number, a string broken by a line end, or (code 13) exhausted memory.
+  // number, a string broken by a line end, or (kRibNoMemory) exhausted memory.
   // The elements of a binary float array, most of a binary file's tokens,
   // are handed out here without a call.
   int16_t next() {
@@ -140,34 +140,7 @@ class lexanrib {
   uint32_t floatindex;
 
  private:
-  // Appends to an array through local copies of its fields, so the byte
-  // loops keep them in registers; the array's count is brought up to date
-  // before a grow (which may throw) and when the cursor goes out of scope.
-  template <class T>
-  class AppendCursor {
-   public:
-    explicit AppendCursor(Array<T>& a) : a_(a), d_(a.data), n_(a.count), cap_(a.capacity) {}
-    AppendCursor(const AppendCursor&) = delete;
-    AppendCursor& operator=(const AppendCursor&) = delete;
-    ~AppendCursor() { a_.count = n_; }
-    void push(T value) {
-      if (n_ == cap_) spill();
-      d_[n_++] = value;
-    }
-
-   private:
-    void spill() {
-      a_.count = n_;
-      a_.grow();
-      d_ = a_.data;
-      cap_ = a_.capacity;
-    }
-    Array<T>& a_;
-    T* d_;
-    uint32_t n_;
-    uint32_t cap_;
-  };
-  // AppendCursor for text, which holds at most kTextLimit - 1 bytes before
+  // An ArrayCursor on text, which holds at most kTextLimit - 1 bytes before
   // the terminator: push takes nothing beyond them, counts them in
   // textdropped and returns false; end always finds room for the terminator.
   // A cursor on empty text begins a token, whose count of dropped bytes
@@ -175,45 +148,19 @@ class lexanrib {
   class TextCursor {
    public:
     explicit TextCursor(lexanrib& lex)
-        : a_(lex.text), dropped_(lex.textdropped), d_(a_.data), n_(a_.count), room_(roomIn(a_)) {
-      if (n_ == 0) dropped_ = 0;
+        : out_(lex.text, GrowArray(), kTextLimit - 1), dropped_(lex.textdropped) {
+      if (lex.text.count == 0) dropped_ = 0;
     }
-    TextCursor(const TextCursor&) = delete;
-    TextCursor& operator=(const TextCursor&) = delete;
-    ~TextCursor() { a_.count = n_; }
     bool push(char c) {
-      if (n_ == room_ && !spill()) {
-        ++dropped_;
-        return false;
-      }
-      d_[n_++] = c;
-      return true;
+      if (out_.push(c)) return true;
+      ++dropped_;
+      return false;
     }
-    void end() {
-      if (n_ == a_.capacity) grow();
-      d_[n_++] = '\0';
-    }
+    void end() { out_.close('\0'); }
 
    private:
-    static uint32_t roomIn(const Array<char>& a) {
-      return a.capacity < kTextLimit - 1 ? a.capacity : kTextLimit - 1;
-    }
-    bool spill() {
-      if (n_ >= kTextLimit - 1) return false;
-      grow();
-      return true;
-    }
-    void grow() {
-      a_.count = n_;
-      a_.grow();
-      d_ = a_.data;
-      room_ = roomIn(a_);
-    }
-    Array<char>& a_;
+    ArrayCursor<char> out_;
     uint64_t& dropped_;
-    char* d_;
-    uint32_t n_;
-    uint32_t room_;
   };
   // What scanword returns when text filled before the word ended; the byte
   // that did not fit is back in the stream.

@@ -47,7 +47,9 @@ int16_t lexanrib::scanbinary(unsigned char c) {
       copytext(definedstring(scanbinlong(c - 0xCE)));
       return LEXSTRING;
     default:  // unassigned bytes end the stream
-      if (reportLosses) RIBError(10, 2, "Byte 0x%02X begins no token: the stream ends here", c);
+      if (reportLosses)
+        RIBError(kRibBadBinaryToken, kRibError, "Byte 0x%02X begins no token: the stream ends here",
+                 c);
       return LEXEOF;
   }
 }
@@ -88,7 +90,8 @@ inline uint64_t takeBytes(bytesource::cursor& in, unsigned n) {
 
 // Out of the way of the common path, which only tests for it.
 [[gnu::cold, gnu::noinline]] void lexanrib::noteCut() {
-  if (reportLosses) RIBError(14, 2, "A binary token is cut short by the end of the stream");
+  if (reportLosses)
+    RIBError(kRibBadEncoding, kRibError, "A binary token is cut short by the end of the stream");
 }
 
 // Used in this file only, and inlined into its callers as it was before the
@@ -156,7 +159,7 @@ int16_t lexanrib::scanbinfloats(unsigned char c) {
   bool cut = false;
   {
     bytesource::cursor in(stream);
-    AppendCursor<float> out(floats);
+    ArrayCursor<float> out(floats);
     uint32_t i = 0;
     while (i < count && !in.eof()) {
       // The floats the block holds whole are taken in one run.
@@ -164,12 +167,13 @@ int16_t lexanrib::scanbinfloats(unsigned char c) {
       if (run == 0) {
         const uint64_t value = takeBytes(in, 4);
         cut = cut || (value & kCut);
-        out.push(std::bit_cast<float>(static_cast<uint32_t>(value)));
+        out.next() = std::bit_cast<float>(static_cast<uint32_t>(value));
         ++i;
         continue;
       }
       const unsigned char* at = in.take(4 * size_t{run});
-      for (uint32_t k = 0; k < run; ++k) out.push(std::bit_cast<float>(bigEndian4(at + 4 * k)));
+      float* to = out.next(run);
+      for (uint32_t k = 0; k < run; ++k) to[k] = std::bit_cast<float>(bigEndian4(at + 4 * k));
       i += run;
     }
     cut = cut || i < count;

@@ -138,6 +138,7 @@ int16_t lexanrib::valuenumber(const Decimal& number, bool isfloat, const char* d
 void lexanrib::reportClipped() {
   const long long v = std::strtoll(text.data, nullptr, 10);
   if (v > INT32_MAX || v < INT32_MIN) {
-    RIBError(12, 1, "Integer beyond 32 bits, read as %ld", static_cast<long>(intvalue));
+    RIBError(kRibLimit, kRibWarning, "Integer beyond 32 bits, read as %ld",
+             static_cast<long>(intvalue));
   }
 }

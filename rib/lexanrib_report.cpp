@@ -38,38 +38,48 @@ class LineBuffer {
 
 const char* severityWords(int32_t severity) {
   switch (severity) {
-    case 0:
+    case kRibInfo:
       return "RIB info: ";
-    case 1:
+    case kRibWarning:
       return "RIB warning: ";
-    case 3:
+    case kRibSevere:
       return "severe RIB error: ";
     default:
       return "RIB error: ";
   }
 }
 
+struct CodeText {
+  RIBCode code;
+  const char* text;
+};
+
+const CodeText kCodeTexts[] = {
+    {kRibArrayMemory, "insufficient memory to construct array"},
+    {kRibBadValue, "incorrect parameter value"},
+    {kRibBadArray, "invalid array specification"},
+    {kRibBadBasis, "undefined basis matrix name"},
+    {kRibBadColor, "invalid color specification"},
+    {kRibBadHandle, "invalid light or object handle"},
+    {kRibTypeMismatch, "parameter list type mismatch"},
+    {kRibBadRequestCode, "invalid encoded RIB request code"},
+    {kRibBadStringToken, "undefined encoded string token"},
+    {kRibBadBinaryToken, "invalid binary token"},
+    {kRibVersion, "protocol version number mismatch"},
+    {kRibLimit, "overflowing an internal limit"},
+    {kRibNoMemory, "generic instance of insufficient memory"},
+    {kRibBadEncoding, "malformed binary encoding"},
+    {kRibStringMemory, "insufficient memory to read string"},
+    {kRibSyntax, "general syntactic error"},
+    {kRibUnknownRequest, "undefined RIB request"},
+};
+
+// Any other code, kRibReported included, has no text.
 const char* codeText(int32_t code) {
-  static const char* const texts[] = {
-      "insufficient memory to construct array",
-      "incorrect parameter value",
-      "invalid array specification",
-      "undefined basis matrix name",
-      "invalid color specification",
-      "invalid light or object handle",
-      "parameter list type mismatch",
-      "invalid encoded RIB request code",
-      "undefined encoded string token",
-      "invalid binary token",
-      "protocol version number mismatch",
-      "overflowing an internal limit",
-      "generic instance of insufficient memory",
-      "malformed binary encoding",
-      "insufficient memory to read string",
-      "general syntactic error",
-      "undefined RIB request",
-  };
-  return code >= 1 && code <= 17 ? texts[code - 1] : "";
+  for (const CodeText& entry : kCodeTexts) {
+    if (entry.code == code) return entry.text;
+  }
+  return "";
 }
 
 void printToStderr(const char* line) {

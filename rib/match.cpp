@@ -45,7 +45,7 @@ int16_t parserib::match(char c) {
     token = lex.next();
     return 1;
   }
-  lex.RIBError(16, 2, "Expected character '%c'", c);
+  lex.RIBError(kRibSyntax, kRibError, "Expected character '%c'", c);
   panic();
   return 0;
 }
@@ -54,7 +54,7 @@ int16_t parserib::match(int16_t& b) {
   int32_t v = 0;
   if (token == LEXINT) lex.get(v);
   if (token != LEXINT || (v != 0 && v != 1)) {
-    lex.RIBError(16, 2, "Expected Boolean");
+    lex.RIBError(kRibSyntax, kRibError, "Expected Boolean");
     panic();
     return 0;
   }
@@ -64,7 +64,7 @@ int16_t parserib::match(int16_t& b) {
 }
 
 int16_t parserib::expected(const char* what) {
-  lex.RIBError(16, 2, "%s", what);
+  lex.RIBError(kRibSyntax, kRibError, "%s", what);
   panic();
   return 0;
 }
@@ -127,13 +127,13 @@ int16_t parserib::match(String* s) {
   const bool bracket = token == '[';
   if (bracket && !match('[')) return 0;
   if (token != LEXSTRING) {
-    lex.RIBError(16, 2, "Expected String");
+    lex.RIBError(kRibSyntax, kRibError, "Expected String");
     panic();
     return 0;
   }
   lex.get(*s);
   if (lex.textdropped > 0 && options.extended) {
-    lex.RIBError(12, 1, "String of %" PRIu64 " bytes cut to %zu",
+    lex.RIBError(kRibLimit, kRibWarning, "String of %" PRIu64 " bytes cut to %zu",
                  lex.text.count - 1 + lex.textdropped, String::maxLength);
   }
   token = lex.next();
@@ -142,56 +142,26 @@ int16_t parserib::match(String* s) {
 
 namespace {
 
-// Stores the elements of a running array through local copies of its fields,
-// which the loop then keeps in registers (a store through `data` could
-// otherwise be taken to change them); the array's count is brought up to
-// date before a grow and when the filler goes out of scope. Growing may
-// exhaust the free store; that arrives here as code 13 and is reported as the
-// array's own failure (code 1), then passed on as code 0 so that the driver
-// only recovers.
-template <typename T>
-class ArrayFiller {
- public:
-  ArrayFiller(Array<T>& a, lexanrib& lex)
-      : a_(a), lex_(lex), data_(a.data), count_(a.count), capacity_(a.capacity) {}
-  ArrayFiller(const ArrayFiller&) = delete;
-  ArrayFiller& operator=(const ArrayFiller&) = delete;
-  ~ArrayFiller() { a_.count = count_; }
-
-  // The next element, counted from now on.
-  T& next() {
-    if (count_ == capacity_) grow();
-    return data_[count_++];
-  }
-
-  // The next n elements, counted from now on.
-  T* next(uint32_t n) {
-    while (capacity_ - count_ < n) grow();
-    T* at = data_ + count_;
-    count_ += n;
-    return at;
-  }
-
- private:
-  void grow() {
-    a_.count = count_;
+// Grows a running array. Growing may exhaust the free store; that arrives
+// here as kRibNoMemory and is reported as the array's own failure
+// (kRibArrayMemory), then passed on as kRibReported so that the driver only
+// recovers.
+struct ReportingGrow {
+  lexanrib& lex;
+  template <typename T>
+  void operator()(Array<T>& a) const {
     try {
-      a_.grow();
+      a.grow();
     } catch (const RIBException& e) {
-      if (e.code != 13) throw;
-      lex_.RIBError(1, e.severity, "%s", e.message.c_str());
-      throw lexanrib::exception(0, 0, nullptr);
+      if (e.code != kRibNoMemory) throw;
+      lex.RIBError(kRibArrayMemory, e.severity, "%s", e.message.c_str());
+      throw lexanrib::exception(kRibReported, kRibInfo, nullptr);
     }
-    data_ = a_.data;
-    capacity_ = a_.capacity;
   }
-
-  Array<T>& a_;
-  lexanrib& lex_;
-  T* data_;
-  uint32_t count_;
-  uint32_t capacity_;
 };
+
+template <typename T>
+using ArrayFiller = ArrayCursor<T, ReportingGrow>;
 
 // Inside a binary float array the scanner holds the rest of the array's
 // elements, the current token's value being the one before them. As many as
@@ -241,12 +211,12 @@ int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
   }
   int32_t count = 0;
   if (n == 1) {
-    ArrayFiller<T> fill(a, lex);
+    ArrayFiller<T> fill(a, ReportingGrow{lex});
     if (!match(fill.next())) return 0;
     count = 1;
   } else {
     {
-      ArrayFiller<T> fill(a, lex);
+      ArrayFiller<T> fill(a, ReportingGrow{lex});
       while ((n < 0 || count < n) && admits<T>()) {
         if constexpr (!std::is_same_v<T, int32_t>) {
           if (token == LEXFLOAT && lex.infloats) {
@@ -287,11 +257,11 @@ int32_t parserib::matchArray(Array<T>& a, int32_t n, int16_t bracketed) {
 template <typename T>
 int16_t parserib::checkCount(int32_t count, int32_t n, bool open) {
   if (count == 0 && n != 0) {
-    lex.RIBError(2, 2, ArrayTraits<T>::kNone);
+    lex.RIBError(kRibBadValue, kRibError, ArrayTraits<T>::kNone);
   } else if (open && token == LEXSTRING) {
-    lex.RIBError(3, 2, "Array has both numbers and strings");
+    lex.RIBError(kRibBadArray, kRibError, "Array has both numbers and strings");
   } else if (n > 0 && count != n) {
-    lex.RIBError(2, 2, ArrayTraits<T>::kCount, n);
+    lex.RIBError(kRibBadValue, kRibError, ArrayTraits<T>::kCount, n);
   } else {
     return 1;
   }

@@ -74,7 +74,7 @@ int16_t parserib::match(tokenvalue& tv, int16_t bracketed) {
       return 0;
     }
     if (t->type == TypeNone) {
-      lex.RIBError(7, 2, "token '%s' doesn't take value", t->name.c_str());
+      lex.RIBError(kRibTypeMismatch, kRibError, "token '%s' doesn't take value", t->name.c_str());
       panic();
       return 0;
     }
@@ -139,7 +139,8 @@ int16_t parserib::readValue(tokenvalue& tv, char* token, int16_t bracketed) {
 int16_t parserib::readColor(tokenvalue& tv, char* token, int16_t bracketed) {
   if (colorsamples <= 0) {
     // ColorSamples with fewer than three values leaves no samples per colour.
-    lex.RIBError(5, 2, "Color parameter '%s' cannot be read with %" PRId32 " color samples",
+    lex.RIBError(kRibBadColor, kRibError,
+                 "Color parameter '%s' cannot be read with %" PRId32 " color samples",
                  reinterpret_cast<Token*>(token)->name.c_str(), colorsamples);
     panic();
     return 0;
@@ -171,6 +172,17 @@ int16_t parserib::skipvalue() {
 
 // The names are char* (RtTokens or text) and the list ends with a null pointer
 // of pointer width, such as RI_NULL.
+int32_t parserib::indexOf(const tokenvalue& tv, const char* name) const {
+  const int32_t at = tv.tokens.find(const_cast<char*>(name));
+  if (at >= 0 || !options.extended) return at;
+  const Token* wanted = find(name);
+  for (uint32_t i = 0; wanted && i < tv.tokens.count; ++i) {
+    const Token* t = find(tv.tokens.data[i]);
+    if (t && t->code == wanted->code) return static_cast<int32_t>(i);
+  }
+  return -1;
+}
+
 int16_t parserib::verify(const tokenvalue& tv, int32_t uniform, int32_t varying, int32_t vertex,
                          ...) {
   Array<char*> required;
@@ -183,10 +195,10 @@ int16_t parserib::verify(const tokenvalue& tv, int32_t uniform, int32_t varying,
 
   if (required.count > 0) {
     int present = 0;
-    for (uint32_t i = 0; i < required.count; ++i) present += tv.tokens.find(required.data[i]) >= 0;
+    for (uint32_t i = 0; i < required.count; ++i) present += indexOf(tv, required.data[i]) >= 0;
     if (present != 1) {
       const std::string text = alternatives(required);
-      lex.RIBError(2, 2,
+      lex.RIBError(kRibBadValue, kRibError,
                    present == 0 ? "%s argument is required" : "More than one of %s was specified",
                    text.c_str());
       return 0;
@@ -199,8 +211,8 @@ int16_t parserib::verify(const tokenvalue& tv, int32_t uniform, int32_t varying,
     if (t == nullptr) continue;
     const int64_t expected = expectedItems(*t, uniform, varying, vertex, faceVertices);
     if (expected != tv.sizes.data[i]) {
-      lex.RIBError(t->type == TypeColor ? 5 : 3, 2, "%" PRId64 " items expected for parameter '%s'",
-                   expected, t->name.c_str());
+      lex.RIBError(t->type == TypeColor ? kRibBadColor : kRibBadArray, kRibError,
+                   "%" PRId64 " items expected for parameter '%s'", expected, t->name.c_str());
       return 0;
     }
   }

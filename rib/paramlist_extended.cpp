@@ -2,6 +2,7 @@
 // types of later versions, and an undeclared name reported and passed over
 // rather than ending the request.
 #include <cinttypes>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -9,11 +10,30 @@
 #include "rib/parserib.h"
 #include "rib/tokenvalue.h"
 
+namespace {
+
+// Geometry of later versions: the names those versions declare for every
+// stream, read as if declared inline. A declaration of the stream's own comes
+// first, as the dictionary is searched before this.
+const char* const kLaterNames[][2] = {
+    {"width", "varying float width"},
+    {"constantwidth", "constant float constantwidth"},
+};
+
+const char* laterDeclaration(const char* text) {
+  for (const auto& later : kLaterNames) {
+    if (std::strcmp(text, later[0]) == 0 && find(text) == nullptr) return later[1];
+  }
+  return text;
+}
+
+}  // namespace
+
 // A name with a declaration of its own holds for this one list: its record
 // is kept by the list and never enters the dictionary, so a later plain use
 // of the name reads as it would have without it.
 Token* parserib::extendedToken(const String& name, tokenvalue& tv) {
-  const char* text = name.c_str();
+  const char* text = laterDeclaration(name.c_str());
   inlinedeclaration d;
   if (mayDeclare(text) && parseDeclaration(text, true, d)) {
     if (const uint16_t code = nameCode(d.name.c_str())) {
@@ -23,7 +43,8 @@ Token* parserib::extendedToken(const String& name, tokenvalue& tv) {
   }
   Token* t = nullptr;
   if (static_cast<unsigned char>(text[0]) != Token::kMarker) t = find(text);
-  if (t == nullptr) lex.RIBError(16, 1, "Undeclared parameter \"%s\" is skipped", text);
+  if (t == nullptr)
+    lex.RIBError(kRibSyntax, kRibWarning, "Undeclared parameter \"%s\" is skipped", text);
   return t;
 }
 
@@ -42,7 +63,7 @@ int16_t parserib::readWide(tokenvalue& tv, char* token, int16_t bracketed) {
   const int32_t n = match(a, -1, bracketed);
   if (n == 0) return 0;
   if (n % per != 0) {
-    lex.RIBError(3, 2,
+    lex.RIBError(kRibBadArray, kRibError,
                  "%" PRId32 " floats for parameter '%s' are no whole number of %" PRId32
                  "-float items",
                  n, t->name.c_str(), per);
@@ -62,7 +83,7 @@ int16_t parserib::readStrings(tokenvalue& tv, char* token) {
     match(&texts.back());
   }
   if (texts.empty()) {
-    lex.RIBError(2, 2, "Expected at least one string");
+    lex.RIBError(kRibBadValue, kRibError, "Expected at least one string");
     panic();
     return 0;
   }

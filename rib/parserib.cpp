@@ -26,8 +26,8 @@ class NewHandlerScope {
 parserib::parserib(bytesource& in, const char* name, readeroptions options)
     : lex(in, name), keywords(kBuckets), lights(kBuckets), objects(kBuckets), options(options) {
   hash_init();
-  // The Ri layer counts a patch mesh's values with the same steps as this
-  // reader, so they must start afresh together with ustep and vstep.
+  // The basis steps live in the Ri layer, which this reader shares with the
+  // conversion before; they start afresh with each conversion.
   resetBasisSteps();
 }
 
@@ -53,8 +53,6 @@ void parserib::handOver(parserib& to) {
   swapTables(lights, to.lights);
   swapTables(objects, to.objects);
   to.colorsamples = colorsamples;
-  to.ustep = ustep;
-  to.vstep = vstep;
   to.lastlight = lastlight;
   to.lastobject = lastobject;
 }
@@ -71,11 +69,11 @@ void parserib::errorPrinter(void (*printer)(const char*)) {
 }
 
 void parserib::outOfMemory() {
-  throw lexanrib::exception(13, 3, "Free store exhausted");
+  throw lexanrib::exception(kRibNoMemory, kRibSevere, "Free store exhausted");
 }
 
 void parserib::report(const RIBException& e) {
-  if (e.code != 0) lex.RIBError(e.code, e.severity, "%s", e.message.c_str());
+  if (e.code != kRibReported) lex.RIBError(e.code, e.severity, "%s", e.message.c_str());
 }
 
 // Skips to the next known request. Recovery reads on with next, and a scanner
@@ -137,17 +135,6 @@ void parserib::statement() {
   if (match(handler)) (this->*handler)();
 }
 
-// The same PJW hash as String::hash, so that a lookup needs no String and
-// allocates nothing: one hash of the word, then one bucket walk.
-static uint32_t wordHash(const char* text, uint32_t n) {
-  uint32_t h = 0;
-  for (uint32_t i = 0; i < n; ++i) {
-    h = (h << 4) + static_cast<uint32_t>(static_cast<int32_t>(static_cast<signed char>(text[i])));
-    if (const uint32_t g = h & 0xf0000000u) h ^= g ^ (g >> 24);
-  }
-  return h;
-}
-
 // The scanner's text up to its first NUL. A scan that failed half-way may have
 // left it unterminated, so its count bounds the search.
 static uint32_t wordLength(const Array<char>& text) {
@@ -155,10 +142,11 @@ static uint32_t wordLength(const Array<char>& text) {
   return nul ? static_cast<uint32_t>(static_cast<const char*>(nul) - text.data) : text.count;
 }
 
+// One hash of the word, then one bucket walk; no String is made.
 const parserib::keyword_assoc* parserib::lookupCurrentWord() const {
   const char* word = lex.text.data;
   const uint32_t n = wordLength(lex.text);
-  const List<keyword_assoc>* bucket = keywords.table[wordHash(word, n) % keywords.size];
+  const List<keyword_assoc>* bucket = keywords.table[String::hash(word, n) % keywords.size];
   for (const ListElement<keyword_assoc>* e = bucket ? bucket->head : nullptr; e; e = e->next) {
     const String& keyword = e->value.keyword;
     if (keyword.size() == n && std::memcmp(keyword.c_str(), word, n) == 0) return &e->value;
@@ -168,13 +156,13 @@ const parserib::keyword_assoc* parserib::lookupCurrentWord() const {
 
 int16_t parserib::match(handler_t& handler) {
   if (token != LEXKEYWORD) {
-    lex.RIBError(16, 2, "Expected Keyword");
+    lex.RIBError(kRibSyntax, kRibError, "Expected Keyword");
     panic();
     return 0;
   }
   const keyword_assoc* found = lookupCurrentWord();
   if (found == nullptr) {
-    lex.RIBError(17, 2, nullptr);
+    lex.RIBError(kRibUnknownRequest, kRibError, nullptr);
     panic();
     return 0;
   }

@@ -90,7 +90,7 @@ class parserib {
   RIB_REQUESTS(RIB_DECLARE_PURE_HANDLER)
 #undef RIB_DECLARE_PURE_HANDLER
 
-  // The allocator's failure handler while parse1 or parse runs: throws code 13.
+  // The allocator's failure handler while parse1 or parse runs: throws kRibNoMemory.
   static void outOfMemory();
 
   void statement();
@@ -116,10 +116,12 @@ class parserib {
   int16_t skipvalue();
   // The variable part is a list of char* token names ended by a null pointer.
   int16_t verify(const tokenvalue& tv, int32_t uniform, int32_t varying, int32_t vertex, ...);
+  // Where the list holds the dictionary's `name`, or -1. In the extended
+  // reader a declaration of the list's own for that name ("vertex point P")
+  // is the same parameter.
+  int32_t indexOf(const tokenvalue& tv, const char* name) const;
 
   int32_t colorsamples = 3;
-  int32_t ustep = 3;
-  int32_t vstep = 3;
   lexanrib lex;
   int16_t token = LEXNONE;
   Hash<keyword_assoc> keywords;
@@ -142,7 +144,7 @@ class parserib {
   // scanner of its own and nothing else until handOver gives it the state.
   parserib(bytesource& in, const char* name, const parserib& outer);
   // Passes the reading state (request table, light and object numbers,
-  // colour samples, basis steps) to `to`, which reads on with it.
+  // colour samples) to `to`, which reads on with it.
   void handOver(parserib& to);
 
  private:

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "foundation/String.h"
+#include "rib/ribcodes.h"
 
 struct RIBException {
   RIBException(int32_t code, int32_t severity, const String& message)

@@ -175,4 +175,17 @@ void appendInts(std::string& out, const int32_t* values, size_t n) {
   appendArray(out, values, n);
 }
 
+void appendTexts(std::string& out, const char* const* texts, size_t n) {
+  if (texts == nullptr) {
+    out += "null";
+    return;
+  }
+  out += '[';
+  for (size_t i = 0; i < n; ++i) {
+    if (i > 0) out += ',';
+    appendText(out, texts[i]);
+  }
+  out += ']';
+}
+
 }  // namespace zel

@@ -20,5 +20,7 @@ void appendText(std::string& out, const char* text, size_t length);
 // [a,b,...] of `n` numbers; a null pointer is null.
 void appendFloats(std::string& out, const float* values, size_t n);
 void appendInts(std::string& out, const int32_t* values, size_t n);
+// [t,...] of `n` texts; a null array is null.
+void appendTexts(std::string& out, const char* const* texts, size_t n);
 
 }  // namespace zel

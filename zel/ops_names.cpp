@@ -29,13 +29,13 @@ int32_t _zelQuark(const char* name) {
 void _zelErrorHandler(uint16_t which, uint16_t mode) {
   Record("ErrorHandler").i(which).i(mode).end();
   switch (mode) {
-    case 0x0C00:
+    case kZelIgnore:
       setMode(Mode::Ignore);
       break;
-    case 0x0C01:
+    case kZelPrint:
       setMode(Mode::Print);
       break;
-    case 0x0C02:
+    case kZelAbort:
       setMode(Mode::Abort);
       break;
     default:

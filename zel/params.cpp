@@ -25,15 +25,6 @@ bool holdsFloats(uint8_t type) {
   return type == kFloat || type == kPoint || type == kColor || (type >= kVector && type <= kMatrix);
 }
 
-void writeStrings(std::string& out, const char* const* strings, uint32_t count) {
-  out += '[';
-  for (uint32_t i = 0; i < count; ++i) {
-    if (i > 0) out += ',';
-    appendText(out, strings[i]);
-  }
-  out += ']';
-}
-
 }  // namespace
 
 void PendingParams::set(int32_t n, const ZelParam* params) {
@@ -98,7 +89,7 @@ void PendingParams::writeOne(std::string& out, const Info& info, const void* val
   } else if (info.type == kInteger) {
     appendInts(out, static_cast<const int32_t*>(value), info.count);
   } else if (info.type == kString || info.type == kReference) {
-    writeStrings(out, static_cast<const char* const*>(value), info.count);
+    appendTexts(out, static_cast<const char* const*>(value), info.count);
   } else {
     out += "[]";  // a keyword token, or a type with no known layout: nothing to read
   }

@@ -88,6 +88,11 @@ Record& Record::ints(const int32_t* values, size_t n) {
   return *this;
 }
 
+Record& Record::texts(const char* const* values, size_t n) {
+  if (separate()) appendTexts(*out_, values, n);
+  return *this;
+}
+
 Record& Record::opaque(bool present) {
   if (separate()) *out_ += present ? "true" : "null";
   return *this;

@@ -40,6 +40,7 @@ class Record {
   Record& text(const char* value);
   Record& floats(const float* values, size_t n);
   Record& ints(const int32_t* values, size_t n);
+  Record& texts(const char* const* values, size_t n);
   // A function or data pointer means nothing in a file: true, or null.
   Record& opaque(bool present);
   Record& handle(int64_t value);

@@ -1,7 +1,6 @@
 #include "frontend/gui/rendapp.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QMenuBar>
 #include <QMessageBox>
 
@@ -11,6 +10,7 @@
 #include "frontend/gui/quitsignals.h"
 #include "frontend/gui/rendedit.h"
 #include "frontend/gui/rendframe.h"
+#include "frontend/outputname.h"
 #include "interface/error.h"
 #include "zel/zellib.h"
 
@@ -126,20 +126,23 @@ void TRendApp::convertFrom(const QString& inputPath) {
   TRendFrame::fProgressDialog = nullptr;
 }
 
-// Proves that the output can be written by creating or emptying it. The
-// input is looked at first, for emptying it would lose it.
+// The conversion makes the same check when it opens; here it comes before
+// the log is emptied and the dialog is shown. An input that cannot be opened
+// is reported by the conversion.
 bool TRendApp::outputUsable() {
   const QString& output = fOutputData.fileName;
-  QFileInfo in(fInputData.fileName);
-  QFileInfo out(output);
-  if (out.exists() && in.canonicalFilePath() == out.canonicalFilePath()) {
-    warnFileError(fFrame, output + " is the input file.");
-    return false;
-  }
-  QFile test(output);
-  if (!test.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-    warnFileError(fFrame, output + ": " + test.errorString());
-    return false;
+  inputfile input;
+  input.open(QFile::encodeName(fInputData.fileName).toStdString());
+  std::string reason;
+  switch (checkoutput(input, QFile::encodeName(output).toStdString(), reason)) {
+    case outputcheck::isInput:
+      warnFileError(fFrame, output + " is the input file.");
+      return false;
+    case outputcheck::unwritable:
+      warnFileError(fFrame, output + ": " + QString::fromLocal8Bit(reason.c_str()));
+      return false;
+    case outputcheck::usable:
+      break;
   }
   return true;
 }

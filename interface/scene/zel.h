@@ -76,7 +76,9 @@ void _zelSampleJitter(float jitter);
 void _zelFilter(uint16_t filter);  // 0x0100 gaussian .. 0x0104 sinc
 void _zelCustomFilter(RtFilterFunc function);
 void _zelFilterWidth(float xwidth, float ywidth);
-void _zelHider(uint16_t hider);  // 0, 0x0400 hidden, 0x0401 paint
+constexpr uint16_t kZelHidden = 0x0400;
+constexpr uint16_t kZelPaint = 0x0401;
+void _zelHider(uint16_t hider);  // 0 (none), kZelHidden or kZelPaint
 
 // Image
 void _zelColorGain(float gain);
@@ -94,7 +96,10 @@ constexpr uint16_t kZelSceneFile = 0x0200;    // the scene file itself
 constexpr uint16_t kZelDisplayFile = 0x0201;  // a file that a Display request names
 void _zelOutputFile(uint16_t kind, const char* name);
 void _zelOutputDisplay(const char* name);
-void _zelOutputSamples(uint16_t mode);  // 0x0301 .. 0x0307
+// The sample modes: the codes of the tokens "rgb" .. "rgbaz", in this range.
+constexpr uint16_t kZelFirstSamples = 0x0301;
+constexpr uint16_t kZelLastSamples = 0x0307;
+void _zelOutputSamples(uint16_t mode);
 void _zelTune(int32_t gridsize, int32_t bucketwidth, int32_t bucketheight);
 void _zelComment(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
@@ -171,7 +176,32 @@ void _zelProcedural2V(const char* generator, const char* bounder, int32_t n, con
                       const RtPointer* values);
 void _zelSystem(const char* command);
 
-// Errors: `which` is always 0x0B0F; `mode` is 0x0C00 ignore, 0x0C01 print, 0x0C02 abort.
+// Geometry of later versions. Names are texts; tags and string arguments are
+// arrays of texts. A subdivision mesh's nargs holds 2 numbers per tag (ints,
+// floats), a hierarchical one's 3 (ints, floats, strings).
+void _zelSubdivisionMeshV(const char* scheme, int32_t nfaces, const int32_t* nvertices,
+                          const int32_t* vertices, int32_t ntags, const char* const* tags,
+                          const int32_t* nargs, const int32_t* intargs, const float* floatargs,
+                          int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelHierarchicalSubdivisionMeshV(const char* scheme, int32_t nfaces, const int32_t* nvertices,
+                                      const int32_t* vertices, int32_t ntags,
+                                      const char* const* tags, const int32_t* nargs,
+                                      const int32_t* intargs, const float* floatargs,
+                                      const char* const* stringargs, int32_t n,
+                                      const uint16_t* codes, const RtPointer* values);
+void _zelPointsV(int32_t npoints, int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelCurvesV(const char* type, int32_t ncurves, const int32_t* nvertices, const char* wrap,
+                 int32_t n, const uint16_t* codes, const RtPointer* values);
+void _zelBlobbyV(int32_t nleaf, int32_t ncode, const int32_t* code, int32_t nfloats,
+                 const float* floats, int32_t nstrings, const char* const* strings, int32_t n,
+                 const uint16_t* codes, const RtPointer* values);
+
+// Errors: `which` is always kZelHandlerSetting; `mode` is one of the three
+// below, the codes of the tokens "ignore", "print" and "abort".
+constexpr uint16_t kZelHandlerSetting = 0x0B0F;
+constexpr uint16_t kZelIgnore = 0x0C00;
+constexpr uint16_t kZelPrint = 0x0C01;
+constexpr uint16_t kZelAbort = 0x0C02;
 void _zelErrorHandler(uint16_t which, uint16_t mode);
 void _zelCustomErrorHandler(uint16_t which, RtErrorHandler handler);
 

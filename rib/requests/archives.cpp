@@ -82,7 +82,7 @@ void extendedrib::ArchiveBegin() {
 }
 
 void extendedrib::ArchiveEnd() {
-  lex.RIBError(16, 2, "ArchiveEnd without ArchiveBegin");
+  lex.RIBError(kRibSyntax, kRibError, "ArchiveEnd without ArchiveBegin");
 }
 
 // The requests up to the matching ArchiveEnd, nested inline archives
@@ -94,8 +94,8 @@ void extendedrib::recordInline(const std::string& name) {
   int32_t depth = 0;
   for (;;) {
     if (token == LEXEOF) {
-      lex.RIBError(16, 2, "ArchiveBegin \"%s\" of line %ld has no ArchiveEnd", name.c_str(),
-                   static_cast<long>(begun));
+      lex.RIBError(kRibSyntax, kRibError, "ArchiveBegin \"%s\" of line %ld has no ArchiveEnd",
+                   name.c_str(), static_cast<long>(begun));
       return;
     }
     if (token == LEXKEYWORD && isWord(lex, "ArchiveEnd") && depth-- == 0) break;
@@ -108,7 +108,7 @@ void extendedrib::recordInline(const std::string& name) {
     try {
       token = lex.next();
     } catch (const RIBException& e) {
-      if (e.code != 0) lex.RIBError(e.code, e.severity, "%s", e.message.c_str());
+      if (e.code != kRibReported) lex.RIBError(e.code, e.severity, "%s", e.message.c_str());
       token = LEXNONE;
     }
   }
@@ -119,15 +119,16 @@ void extendedrib::recordInline(const std::string& name) {
 void extendedrib::playArchive(const std::string& name, bool scoped) {
   if (playInline(name, scoped)) return;
   if (state_->opener == nullptr) {
-    lex.RIBError(2, 2, "No inline archive \"%s\" (files are not read here)", name.c_str());
+    lex.RIBError(kRibBadValue, kRibError, "No inline archive \"%s\" (files are not read here)",
+                 name.c_str());
     return;
   }
   const std::string path = resolve(name);
   std::error_code ec;
   if (path.empty()) {
-    lex.RIBError(2, 2, "Cannot find archive \"%s\"", name.c_str());
+    lex.RIBError(kRibBadValue, kRibError, "Cannot find archive \"%s\"", name.c_str());
   } else if (fs::is_directory(path, ec)) {
-    lex.RIBError(2, 2, "Archive \"%s\" is a directory", name.c_str());
+    lex.RIBError(kRibBadValue, kRibError, "Archive \"%s\" is a directory", name.c_str());
   } else {
     const fs::path canonical = fs::weakly_canonical(path, ec);
     const std::string identity = ec ? path : canonical.string();
@@ -135,7 +136,8 @@ void extendedrib::playArchive(const std::string& name, bool scoped) {
     std::string problem;
     std::unique_ptr<bytesource> source = state_->opener->open(path, problem);
     if (!source) {
-      lex.RIBError(2, 2, "Cannot read archive \"%s\": %s", name.c_str(), problem.c_str());
+      lex.RIBError(kRibBadValue, kRibError, "Cannot read archive \"%s\": %s", name.c_str(),
+                   problem.c_str());
       return;
     }
     pushArchive(std::move(source), nullptr, name, fs::path(path).parent_path().string(), identity,
@@ -175,12 +177,12 @@ std::string extendedrib::resolve(const std::string& name) const {
 
 bool extendedrib::enterable(const std::string& name, const std::string& identity) {
   if (state_->plays >= archivestate::kMaxPlays) {
-    lex.RIBError(12, 2, "More than %" PRIu64 " archives played: \"%s\" is not read",
+    lex.RIBError(kRibLimit, kRibError, "More than %" PRIu64 " archives played: \"%s\" is not read",
                  archivestate::kMaxPlays, name.c_str());
     return false;
   }
   if (state_->stack.size() >= archivestate::kMaxDepth) {
-    lex.RIBError(12, 2, "Archives nested more than %zu deep: \"%s\" is not read",
+    lex.RIBError(kRibLimit, kRibError, "Archives nested more than %zu deep: \"%s\" is not read",
                  archivestate::kMaxDepth, name.c_str());
     return false;
   }
@@ -188,7 +190,7 @@ bool extendedrib::enterable(const std::string& name, const std::string& identity
   for (const archivestate::frame& f : state_->stack)
     cycle = cycle || identity == f.reader->identity_;
   if (cycle) {
-    lex.RIBError(2, 2, "Archive \"%s\" reads itself", name.c_str());
+    lex.RIBError(kRibBadValue, kRibError, "Archive \"%s\" reads itself", name.c_str());
     return false;
   }
   ++state_->plays;
@@ -219,7 +221,7 @@ void extendedrib::popArchive() {
   state_->stack.pop_back();
   extendedrib& below = state_->stack.empty() ? *state_->outermost : *state_->stack.back().reader;
   if (f.source->failed()) {
-    f.reader->lex.RIBError(2, 2, "The archive could not be read to its end");
+    f.reader->lex.RIBError(kRibBadValue, kRibError, "The archive could not be read to its end");
   }
   f.reader->handOver(below);
   if (f.scoped) RiAttributeEnd();

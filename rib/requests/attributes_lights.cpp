@@ -24,9 +24,10 @@ const rendrib::HandleWords rendrib::kObjectWords = {
 // highest number seen.
 void rendrib::registerNumber(int32_t number, uint16_t& last, const HandleWords& words) {
   const long v = number;
-  if (v < 0 || v > 65535) lex.RIBError(6, 2, words.outOfRange, v);
+  if (v < 0 || v > 65535) lex.RIBError(kRibBadHandle, kRibError, words.outOfRange, v);
   if (v > static_cast<long>(last)) {
-    if (v - last > 1000) lex.RIBError(6, 1, words.leap, v, static_cast<unsigned>(last));
+    if (v - last > 1000)
+      lex.RIBError(kRibBadHandle, kRibWarning, words.leap, v, static_cast<unsigned>(last));
     last = static_cast<uint16_t>(number);
   }
 }
@@ -39,7 +40,7 @@ parserib::handle_assoc* rendrib::lookupNumber(Hash<handle_assoc>& table, int32_t
   probe.sequence = static_cast<uint16_t>(number);
   handle_assoc* entry = table.find(probe);
   if (entry == nullptr) {
-    lex.RIBError(6, 1, words.unknown, static_cast<long>(number));
+    lex.RIBError(kRibBadHandle, kRibWarning, words.unknown, static_cast<long>(number));
     panic();
   }
   return entry;

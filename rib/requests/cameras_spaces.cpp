@@ -49,7 +49,7 @@ void extendedrib::DisplayChannel() {
   if (!matchTokenAndList(&channel, params)) return;
   inlinedeclaration d;
   if (!parseDeclaration(channel.c_str(), true, d) && find(channel.c_str()) == nullptr) {
-    lex.RIBError(2, 2,
+    lex.RIBError(kRibBadValue, kRibError,
                  "DisplayChannel \"%s\" is neither a declaration with a name nor a declared name",
                  channel.c_str());
     return;
@@ -63,7 +63,8 @@ void extendedrib::MakeBrickMap() {
   tokenvalue params;
   if (!matchStrings(clouds) || !match(&brickmap) || !match(params, 0)) return;
   if (clouds.empty()) {
-    lex.RIBError(2, 2, "MakeBrickMap \"%s\" names no point cloud file", brickmap.c_str());
+    lex.RIBError(kRibBadValue, kRibError, "MakeBrickMap \"%s\" names no point cloud file",
+                 brickmap.c_str());
     return;
   }
   std::vector<char*> names;

@@ -14,6 +14,11 @@
 
 namespace {
 
+readeroptions withExtended(readeroptions options) {
+  options.extended = true;
+  return options;
+}
+
 // The protocol version of the newest forms this reader knows.
 constexpr double kVersion = 3.04;
 
@@ -25,9 +30,18 @@ struct extendedrequest {
 // The requests that only the extended reader knows. A new one is a row here
 // and its handler.
 const extendedrequest kRequests[] = {
-    {"ReadArchive", &extendedrib::ReadArchive}, {"ArchiveBegin", &extendedrib::ArchiveBegin},
-    {"ArchiveEnd", &extendedrib::ArchiveEnd},   {"Procedural", &extendedrib::Procedural},
-    {"Procedural2", &extendedrib::Procedural2}, {"System", &extendedrib::System},
+    {"ReadArchive", &extendedrib::ReadArchive},
+    {"ArchiveBegin", &extendedrib::ArchiveBegin},
+    {"ArchiveEnd", &extendedrib::ArchiveEnd},
+    {"Procedural", &extendedrib::Procedural},
+    {"Procedural2", &extendedrib::Procedural2},
+    {"System", &extendedrib::System},
+    // Geometry of later versions
+    {"SubdivisionMesh", &extendedrib::SubdivisionMesh},
+    {"HierarchicalSubdivisionMesh", &extendedrib::HierarchicalSubdivisionMesh},
+    {"Points", &extendedrib::Points},
+    {"Curves", &extendedrib::Curves},
+    {"Blobby", &extendedrib::Blobby},
 };
 
 // Shading nodes, cameras and spaces, resources, conditionals and edits
@@ -73,8 +87,8 @@ std::string identityOf(const std::string& path) {
 }  // namespace
 
 extendedrib::extendedrib(bytesource& in, const char* name, std::string folder,
-                         archiveopener* opener)
-    : rendrib(in, name, readeroptions{true}),
+                         archiveopener* opener, readeroptions options)
+    : rendrib(in, name, withExtended(options)),
       own_(std::make_unique<archivestate>()),
       state_(own_.get()),
       folder_(std::move(folder)) {
@@ -164,7 +178,8 @@ void extendedrib::Declare() {
 void extendedrib::version() {
   float v;
   if (!match(v)) return;
-  if (v - kVersion > 0.001) lex.RIBError(11, 1, "Version %4.2f too new", static_cast<double>(v));
+  if (v - kVersion > 0.001)
+    lex.RIBError(kRibVersion, kRibWarning, "Version %4.2f too new", static_cast<double>(v));
 }
 
 // Option "searchpath" is read here for its "archive" entry. The dictionary

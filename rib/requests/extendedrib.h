@@ -22,8 +22,10 @@ class extendedrib : public rendrib {
  public:
   // `folder` is where archive paths of the stream are resolved from (the
   // folder of the input file; empty for the current folder). `opener` may be
-  // null: then only inline archives can be read.
-  extendedrib(bytesource& in, const char* name, std::string folder, archiveopener* opener);
+  // null: then only inline archives can be read. `options` are taken with
+  // `extended` set.
+  extendedrib(bytesource& in, const char* name, std::string folder, archiveopener* opener,
+              readeroptions options = {});
   ~extendedrib() override;
 
   // The innermost archive being played reads the next statement.
@@ -84,6 +86,23 @@ class extendedrib : public rendrib {
   void Projection() override;
   void Hider() override;
   void Display() override;
+  // Geometry of later versions (subdivision.cpp, curves_points.cpp, blobby.cpp).
+  void SubdivisionMesh();
+  void HierarchicalSubdivisionMesh();
+  void Points();
+  void Curves();
+  void Blobby();
+
+ private:
+  struct SubdivisionTags;
+  void subdivisionMesh(bool hierarchical);
+  int16_t matchTags(SubdivisionTags& tags, bool hierarchical);
+  int16_t matchTagNames(std::vector<std::string>& names);
+  int16_t checkFaces(const Array<int32_t>& nvertices, int32_t nfaces);
+  int16_t curveCounts(const Array<int32_t>& nvertices, int32_t ncurves, bool cubic, bool periodic,
+                      int32_t& varying);
+  int16_t blobbyLeaves(const Array<int32_t>& code, int32_t ncode, int32_t nfloats, int32_t nstrings,
+                       int32_t& leaves);
 
  protected:
   // The reader of an archive inside `outer`'s stream; `name` as the request

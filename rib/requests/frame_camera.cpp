@@ -38,7 +38,7 @@ RtFilterFunc rendrib::standardFilter(const String& name) {
 
 RtFilterFunc rendrib::FilterFunc(const String& name) {
   if (RtFilterFunc filter = standardFilter(name)) return filter;
-  lex.RIBError(16, 2, "Unknown filter function '%s'", name.c_str());
+  lex.RIBError(kRibSyntax, kRibError, "Unknown filter function '%s'", name.c_str());
   panic();
   return nullptr;
 }
@@ -46,7 +46,8 @@ RtFilterFunc rendrib::FilterFunc(const String& name) {
 void rendrib::version() {
   float v;
   if (!match(v)) return;
-  if (v - kVersion > 0.001) lex.RIBError(11, 1, "Version %4.2f too new", static_cast<double>(v));
+  if (v - kVersion > 0.001)
+    lex.RIBError(kRibVersion, kRibWarning, "Version %4.2f too new", static_cast<double>(v));
 }
 
 void rendrib::Declare() {

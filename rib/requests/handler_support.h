@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "foundation/String.h"
 #include "interface/ri.h"
@@ -17,6 +19,20 @@
 inline RtInt listCount(const tokenvalue& params) {
   if (params.whole) return static_cast<RtInt>(params.tokens.count);
   return static_cast<uint16_t>(params.tokens.count);
+}
+
+// The points a mesh's vertex indices reach: the highest index + 1. Reports a
+// negative index and returns 0 (polygons.cpp).
+int16_t pointCount(lexanrib& lex, const Array<int32_t>& verts, int32_t n, int64_t& points);
+
+// Texts as an Ri call takes an array of them. A null follows the last, so
+// that an empty array is still an array, not a null pointer.
+inline std::vector<char*> textPointers(std::vector<std::string>& texts) {
+  std::vector<char*> out;
+  out.reserve(texts.size() + 1);
+  for (std::string& text : texts) out.push_back(text.data());
+  out.push_back(nullptr);
+  return out;
 }
 
 // A String as the Ri calls take a name: through the conversion, so that the

@@ -32,7 +32,7 @@ void* extendedrib::lookupHandle(std::unordered_map<std::string, void*>& table, c
   if (!match(&handle)) return nullptr;
   const auto found = table.find(handle.c_str());
   if (found != table.end()) return found->second;
-  lex.RIBError(6, 1, "Unknown %s handle \"%s\"", words, handle.c_str());
+  lex.RIBError(kRibBadHandle, kRibWarning, "Unknown %s handle \"%s\"", words, handle.c_str());
   panic();
   return nullptr;
 }

@@ -1,9 +1,11 @@
-// Patch and basis requests. Basis keeps the steps of the current basis, which
-// later bicubic patch meshes divide by; the steps belong to the reader, not to
-// the graphics state, so attribute blocks do not restore them.
+// Patch and basis requests. The steps of the current basis, which later
+// bicubic patch meshes divide by, are kept by the Ri layer that counts the
+// same meshes for the scene library; they belong to no graphics state, so
+// attribute blocks do not restore them.
 #include <cinttypes>
 
 #include "interface/ri.h"
+#include "interface/ri_paramcounts.h"
 #include "rib/requests/handler_support.h"
 #include "rib/requests/rendrib.h"
 #include "rib/tokenvalue.h"
@@ -27,13 +29,6 @@ const NamedBasis kBases[] = {
     {"power", &RiPowerBasis},
 };
 
-// Patches along one direction of a mesh. The 4 is fixed whatever the step;
-// divisions truncate toward zero, so (3 - 4) / 3 + 1 is 1 patch.
-int64_t patchesAlong(bool bicubic, bool periodic, int32_t n, int32_t step) {
-  if (!bicubic) return periodic ? n : n - 1;
-  return periodic ? n / step : (n - 4) / step + 1;
-}
-
 }  // namespace
 
 // One direction of a Basis request: a name or a bracketed 4x4 matrix, then the
@@ -47,7 +42,7 @@ int16_t rendrib::matchBasis(String* name, Array<float>& matrix, RtFloat (*&basis
       if (*name == b.name) basis = *b.basis;
     }
     if (basis == nullptr) {
-      lex.RIBError(4, 2, "Unknown Basis '%s'", name->c_str());
+      lex.RIBError(kRibBadBasis, kRibError, "Unknown Basis '%s'", name->c_str());
       panic();
       return 0;
     }
@@ -58,7 +53,7 @@ int16_t rendrib::matchBasis(String* name, Array<float>& matrix, RtFloat (*&basis
   return match(step);
 }
 
-// The steps change only once all four arguments have been read.
+// The steps change (in RiBasis) only once all four arguments have been read.
 void rendrib::Basis() {
   String uname, vname;
   Array<float> umatrix, vmatrix;
@@ -66,9 +61,7 @@ void rendrib::Basis() {
   RtFloat(*vbasis)[4];
   int32_t u, v;
   if (!matchBasis(&uname, umatrix, ubasis, u) || !matchBasis(&vname, vmatrix, vbasis, v)) return;
-  ustep = u;
-  vstep = v;
-  RiBasis(ubasis, ustep, vbasis, vstep);
+  RiBasis(ubasis, u, vbasis, v);
 }
 
 // Any word but "bicubic" counts as bilinear and goes on unexamined.
@@ -76,8 +69,10 @@ void rendrib::Patch() {
   String type;
   tokenvalue params;
   if (!matchToken(&type) || !match(params, 0)) return;
-  const int32_t c = type == "bicubic" ? 16 : 4;
-  if (!verify(params, 1, c, c, RI_P, RI_PW, kNoMore)) return;
+  const PrimitiveCounts c = patchCounts(type == "bicubic");
+  if (!verify(params, 1, static_cast<int32_t>(c.varying), static_cast<int32_t>(c.vertex), RI_P,
+              RI_PW, kNoMore))
+    return;
   RiPatchV(ritext(type), listCount(params), params.tokens.data, params.values.data);
 }
 
@@ -94,15 +89,16 @@ void rendrib::PatchMesh() {
   const bool vperiodic = vwrap == "periodic";
   // A basis step of 0 would divide by zero; such a mesh has no count of
   // patches, so the request is refused.
-  if (bicubic && (ustep == 0 || vstep == 0)) {
-    lex.RIBError(2, 2, "A basis step of 0 leaves a bicubic patch mesh without patches");
+  const BasisSteps steps = basisSteps();
+  if (bicubic && (steps.u == 0 || steps.v == 0)) {
+    lex.RIBError(kRibBadValue, kRibError,
+                 "A basis step of 0 leaves a bicubic patch mesh without patches");
     panic();
     return;
   }
-  const int64_t pu = patchesAlong(bicubic, uperiodic, nu, ustep);
-  const int64_t pv = patchesAlong(bicubic, vperiodic, nv, vstep);
-  if (!fitCount(pu * pv, uniform) || !fitCount((pu + !uperiodic) * (pv + !vperiodic), varying) ||
-      !fitCount(int64_t{nu} * nv, vertex) || !match(params, 0)) {
+  const PrimitiveCounts c = patchMeshCounts(bicubic, nu, uperiodic, nv, vperiodic);
+  if (!fitCount(c.uniform, uniform) || !fitCount(c.varying, varying) ||
+      !fitCount(c.vertex, vertex) || !match(params, 0)) {
     return;
   }
   if (!verify(params, uniform, varying, vertex, RI_P, RI_PW, RI_PZ, kNoMore)) return;
@@ -127,7 +123,7 @@ void rendrib::NuPatch() {
       !match(vmax)) {
     return;
   }
-  if (!fitCount(int64_t{nu} * nv, points) || !match(params, 0)) return;
+  if (!fitCount(nuPatchCounts(nu, nv).vertex, points) || !match(params, 0)) return;
   if (!verify(params, 1, points, points, RI_P, RI_PW, kNoMore)) return;
   RiNuPatchV(nu, uorder, uknot.data, umin, umax, nv, vorder, vknot.data, vmin, vmax,
              listCount(params), params.tokens.data, params.values.data);
@@ -149,7 +145,7 @@ void rendrib::TrimCurve() {
     return;
   }
   if (knots != int64_t{orders} + points) {
-    lex.RIBError(2, 2, "Number of knots inconsistent with order and n.");
+    lex.RIBError(kRibBadValue, kRibError, "Number of knots inconsistent with order and n.");
   }
   if (!match(u, points, 1) || !match(v, points, 1) || !match(w, points, 1)) return;
   RiTrimCurve(nloops, ncurves.data, order.data, knot.data, min.data, max.data, n.data, u.data,

@@ -21,11 +21,12 @@ char* const kNoMore = nullptr;
 
 // Vertices are shared, so the points array must reach the highest index used;
 // an index no polygon uses still counts as a point.
-static int16_t pointCount(lexanrib& lex, const Array<int32_t>& verts, int32_t n, int64_t& points) {
+int16_t pointCount(lexanrib& lex, const Array<int32_t>& verts, int32_t n, int64_t& points) {
   int32_t highest = 0;
   for (int32_t i = 0; i < n; ++i) {
     if (verts.data[i] < 0) {
-      lex.RIBError(2, 2, "Negative vertex index %ld", static_cast<long>(verts.data[i]));
+      lex.RIBError(kRibBadValue, kRibError, "Negative vertex index %ld",
+                   static_cast<long>(verts.data[i]));
       return 0;
     }
     if (verts.data[i] > highest) highest = verts.data[i];
@@ -38,9 +39,9 @@ static int16_t pointCount(lexanrib& lex, const Array<int32_t>& verts, int32_t n,
 void rendrib::Polygon() {
   tokenvalue params;
   if (!match(params, 0)) return;
-  const int32_t p = params.tokens.find(RI_P);
+  const int32_t p = indexOf(params, RI_P);
   if (p < 0) {
-    lex.RIBError(2, 2, "'P' argument is required");
+    lex.RIBError(kRibBadValue, kRibError, "'P' argument is required");
     return;
   }
   const int32_t n = params.sizes.data[p];

@@ -34,7 +34,8 @@ int16_t extendedrib::matchStrings(std::vector<std::string>& out) {
 void extendedrib::notExpanded(const char* what, const char* generator) {
   if (state_->toldNotExpanded) return;
   state_->toldNotExpanded = true;
-  lex.RIBError(16, 1, "%s \"%s\" is kept as it stands, not expanded (told once)", what, generator);
+  lex.RIBError(kRibSyntax, kRibWarning, "%s \"%s\" is kept as it stands, not expanded (told once)",
+               what, generator);
 }
 
 void extendedrib::Procedural() {
@@ -45,12 +46,12 @@ void extendedrib::Procedural() {
   const bool delayed = is(generator, "DelayedReadArchive");
   const size_t wanted = delayed ? 1 : 2;
   if (!delayed && !is(generator, "RunProgram") && !is(generator, "DynamicLoad")) {
-    lex.RIBError(2, 2, "Unknown procedural generator \"%s\"", generator.c_str());
+    lex.RIBError(kRibBadValue, kRibError, "Unknown procedural generator \"%s\"", generator.c_str());
     return;
   }
   if (strings.size() != wanted) {
-    lex.RIBError(2, 2, "Procedural \"%s\" takes %zu strings, not %zu", generator.c_str(), wanted,
-                 strings.size());
+    lex.RIBError(kRibBadValue, kRibError, "Procedural \"%s\" takes %zu strings, not %zu",
+                 generator.c_str(), wanted, strings.size());
     return;
   }
   if (delayed) return playArchive(strings[0], true);
@@ -67,7 +68,8 @@ void extendedrib::Procedural2() {
   if (is(generator, "DelayedReadArchive2")) {
     const char* file = stringParameter(params, "filename");
     if (file == nullptr) {
-      lex.RIBError(2, 2, "Procedural2 \"DelayedReadArchive2\" names no \"string filename\"");
+      lex.RIBError(kRibBadValue, kRibError,
+                   "Procedural2 \"DelayedReadArchive2\" names no \"string filename\"");
       return;
     }
     return playArchive(file, true);

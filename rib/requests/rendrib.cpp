@@ -19,7 +19,7 @@ rendrib::rendrib(bytesource& in, const char* name, readeroptions options)
 int16_t rendrib::matchToken(String* s) {
   if (!match(s)) return 0;
   if (static_cast<unsigned char>(s->c_str()[0]) != Token::kMarker) return 1;
-  lex.RIBError(16, 2, "A name may not begin with the byte 0xFF");
+  lex.RIBError(kRibSyntax, kRibError, "A name may not begin with the byte 0xFF");
   panic();
   return 0;
 }
@@ -64,7 +64,8 @@ int16_t rendrib::matchColor(RtColor color) {
   // ColorSamples with fewer than three values leaves no sample to read, and
   // a colour cannot be made of nothing: say so rather than read 0 values.
   if (colorsamples <= 0) {
-    lex.RIBError(5, 2, "No colour samples: the last ColorSamples gave fewer than 3 values");
+    lex.RIBError(kRibBadColor, kRibError,
+                 "No colour samples: the last ColorSamples gave fewer than 3 values");
     panic();
     return 0;
   }
@@ -79,7 +80,7 @@ int16_t rendrib::matchColor(RtColor color) {
 // it.
 int16_t rendrib::nonNegative(int32_t value, const char* what) {
   if (value >= 0) return 1;
-  lex.RIBError(2, 2, "Negative count %" PRId32 " in %s", value, what);
+  lex.RIBError(kRibBadValue, kRibError, "Negative count %" PRId32 " in %s", value, what);
   panic();
   return 0;
 }
@@ -91,7 +92,7 @@ int16_t rendrib::fitCount(int64_t value, int32_t& count) {
     count = static_cast<int32_t>(value);
     return 1;
   }
-  lex.RIBError(12, 2, "Count %" PRId64 " is out of range", value);
+  lex.RIBError(kRibLimit, kRibError, "Count %" PRId64 " is out of range", value);
   panic();
   return 0;
 }

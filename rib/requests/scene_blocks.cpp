@@ -35,11 +35,11 @@ void extendedrib::opens(uint8_t kind) {
 bool extendedrib::closes(uint8_t kind) {
   std::vector<sceneblock>& blocks = state_->blocks.stack;
   if (state_->blocks.open[kind] == 0) {
-    lex.RIBError(16, 2, "%s without %s", kWords[kind].end, kWords[kind].begin);
+    lex.RIBError(kRibSyntax, kRibError, "%s without %s", kWords[kind].end, kWords[kind].begin);
     return false;
   }
   if (blocks.back().what != kind) {
-    lex.RIBError(16, 2, "%s while the %s of line %lu is open", kWords[kind].end,
+    lex.RIBError(kRibSyntax, kRibError, "%s while the %s of line %lu is open", kWords[kind].end,
                  kWords[blocks.back().what].begin, static_cast<unsigned long>(blocks.back().line));
     return false;
   }
@@ -53,9 +53,9 @@ bool extendedrib::inIf(const char* request) {
   const std::vector<sceneblock>& blocks = state_->blocks.stack;
   if (!blocks.empty() && blocks.back().what == sceneblock::If) return true;
   if (state_->blocks.open[sceneblock::If] == 0) {
-    lex.RIBError(16, 2, "%s without IfBegin", request);
+    lex.RIBError(kRibSyntax, kRibError, "%s without IfBegin", request);
   } else {
-    lex.RIBError(16, 2, "%s while the %s of line %lu is open", request,
+    lex.RIBError(kRibSyntax, kRibError, "%s while the %s of line %lu is open", request,
                  kWords[blocks.back().what].begin, static_cast<unsigned long>(blocks.back().line));
   }
   return false;
@@ -68,11 +68,11 @@ void extendedrib::reportOpenBlocks() {
   std::vector<sceneblock>& blocks = state_->blocks.stack;
   for (size_t i = 0; i < blocks.size() && i < kNamed; ++i) {
     const sceneblock& b = blocks[blocks.size() - 1 - i];
-    lex.RIBError(16, 2, "%s of line %lu has no %s", kWords[b.what].begin,
+    lex.RIBError(kRibSyntax, kRibError, "%s of line %lu has no %s", kWords[b.what].begin,
                  static_cast<unsigned long>(b.line), kWords[b.what].end);
   }
   if (blocks.size() > kNamed) {
-    lex.RIBError(16, 2, "%zu more blocks have no end", blocks.size() - kNamed);
+    lex.RIBError(kRibSyntax, kRibError, "%zu more blocks have no end", blocks.size() - kNamed);
   }
   state_->blocks = sceneblocks();
 }
@@ -86,7 +86,7 @@ void extendedrib::Resource() {
     if (!operation ||
         (std::strcmp(operation, "save") != 0 && std::strcmp(operation, "restore") != 0)) {
       lex.RIBError(
-          2, 2,
+          kRibBadValue, kRibError,
           "Resource \"%s\" \"attributes\" needs a \"string operation\" of \"save\" or \"restore\"",
           handle.c_str());
       return;
@@ -117,7 +117,7 @@ void extendedrib::ElseIf() {
   String expression;
   if (!match(&expression) || !inIf("ElseIf")) return;
   if (state_->blocks.stack.back().elseSeen) {
-    lex.RIBError(16, 2, "ElseIf after the Else of the IfBegin of line %lu",
+    lex.RIBError(kRibSyntax, kRibError, "ElseIf after the Else of the IfBegin of line %lu",
                  static_cast<unsigned long>(state_->blocks.stack.back().line));
     return;
   }
@@ -128,7 +128,7 @@ void extendedrib::Else() {
   if (!inIf("Else")) return;
   sceneblock& block = state_->blocks.stack.back();
   if (block.elseSeen) {
-    lex.RIBError(16, 2, "A second Else for the IfBegin of line %lu",
+    lex.RIBError(kRibSyntax, kRibError, "A second Else for the IfBegin of line %lu",
                  static_cast<unsigned long>(block.line));
     return;
   }

@@ -18,6 +18,7 @@ const NamedHandler kHandlers[] = {
     {"print", &lexanrib::RIBErrorPrint, RiErrorPrint},
     {"abort", &lexanrib::RIBErrorAbort, RiErrorAbort},
 };
+const NamedHandler& kPrintHandler = kHandlers[1];
 
 }  // namespace
 
@@ -94,11 +95,13 @@ void rendrib::ErrorHandler() {
   if (!match(&name)) return;
   for (const NamedHandler& h : kHandlers) {
     if (name == h.name) {
-      lex.RIBErrorHandler = h.reader;
-      RiErrorHandler(h.interface);
+      const bool print = !options.mayAbort && h.reader == &lexanrib::RIBErrorAbort;
+      const NamedHandler& chosen = print ? kPrintHandler : h;
+      lex.RIBErrorHandler = chosen.reader;
+      RiErrorHandler(chosen.interface);
       return;
     }
   }
-  lex.RIBError(16, 2, "Unknown error function '%s'", name.c_str());
+  lex.RIBError(kRibSyntax, kRibError, "Unknown error function '%s'", name.c_str());
   panic();
 }

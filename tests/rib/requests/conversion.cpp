@@ -3,25 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <memory>
 
+#include "frontend/conversion.h"
 #include "interface/error.h"
-#include "rib/bytesource.h"
-#include "rib/requests/extendedrib.h"
-#include "rib/requests/rendrib.h"
 #include "zel/zellib.h"
 
 namespace {
-
-std::vector<std::string>* gLog = nullptr;
-std::vector<std::string>* gMessages = nullptr;
-
-void collectLog(const char* line) {
-  gLog->emplace_back(line);
-}
-void collectMessage(const char* line) {
-  gMessages->emplace_back(line);
-}
 
 std::string readAll(std::FILE* f) {
   std::string text;
@@ -36,25 +23,21 @@ std::string readAll(std::FILE* f) {
 
 Conversion convert(std::string_view rib, bool extended) {
   Conversion c;
-  gLog = &c.log;
-  gMessages = &c.messages;
-  setMessageSink(collectMessage);
-  zelSetMessageSink(collectMessage);
   std::FILE* out = std::tmpfile();
-  zelOutputToStream(out);
   {
-    memorybytesource source(rib.data(), rib.size());
-    std::unique_ptr<rendrib> reader;
-    if (extended) {
-      reader = std::make_unique<extendedrib>(source, "stdin", "", nullptr);
-    } else {
-      reader = std::make_unique<rendrib>(source);
-    }
-    reader->errorPrinter(collectLog);
-    while (reader->parse1()) {
+    conversion::request r;
+    r.input = "-";
+    r.text = rib;
+    r.outputStream = out;
+    r.extended = extended;
+    r.log = [&c](const char* line) { c.log.emplace_back(line); };
+    r.messages = [&c](const char* line) { c.messages.emplace_back(line); };
+    conversion run(std::move(r));
+    if (run.open()) {
+      while (run.step()) {
+      }
     }
   }
-  zelFlush();
   c.zel = readZelString(readAll(out));
   // Detach the library from the stream before it goes.
   zelDiscardOutput();

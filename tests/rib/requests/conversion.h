@@ -1,6 +1,6 @@
-// Runs RIB text through rendrib (or extendedrib), statement by statement as the front ends do,
-// and gathers what came out: the reader's report lines, the Ri layer's and the
-// scene library's message lines, and the scene records read back from the
+// Runs RIB text through the front ends' conversion object (rendrib, or
+// extendedrib reading inline archives only), and gathers what came out: the reader's report lines,
+// the Ri layer's and the scene library's message lines, and the scene records read back from the
 // ZEL text that the library wrote.
 #pragma once
 
