@@ -48,3 +48,32 @@ void Builder::flat(const std::vector<Vec3>& points, const std::vector<Vec3>& col
   for (size_t t = 0; t < whole; ++t)
     mesh_.indices.push_back(static_cast<uint32_t>(base + triangles[t]));
 }
+
+void Builder::smooth(const std::vector<Vec3>& points, const std::vector<Vec3>& colors,
+                     const std::vector<uint32_t>& triangles) {
+  for (uint32_t t : triangles) {
+    if (t >= points.size()) return;
+  }
+  if (triangles.size() < 3 || !room(triangles.size() / 3)) return;
+  size_t base = mesh_.vertices.size();
+  for (size_t i = 0; i < points.size(); ++i) {
+    mesh_.vertices.push_back({toWorld.point(points[i]), {}, colorAt(colors, i)});
+  }
+  MeshVertex* v = mesh_.vertices.data() + base;
+  size_t whole = triangles.size() - triangles.size() % 3;
+  for (size_t t = 0; t < whole; t += 3) {
+    MeshVertex &a = v[triangles[t]], &b = v[triangles[t + 1]], &c = v[triangles[t + 2]];
+    Vec3 n = cross(b.p - a.p, c.p - a.p);
+    a.n = a.n + n;
+    b.n = b.n + n;
+    c.n = c.n + n;
+  }
+  for (size_t i = 0; i < points.size(); ++i) v[i].n = normalized(v[i].n);
+  for (size_t t = 0; t < whole; ++t)
+    mesh_.indices.push_back(static_cast<uint32_t>(base + triangles[t]));
+}
+
+Vec3 Builder::eyeInObject() const {
+  Mat4 inverse = toWorld.inverseAffine();
+  return eyeAtPoint ? inverse.point(eye) : normalized(inverse.direction(eye));
+}

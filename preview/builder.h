@@ -17,6 +17,13 @@ class Builder {
   Mat4 toWorld;
   Vec3 color{1, 1, 1};
   Basis uBasis = bezierBasis(), vBasis = bezierBasis();
+  // Where the scene's camera is in world space, for ribbons and discs that
+  // face it; for an orthographic camera, the way back to it.
+  Vec3 eye{0, 0, -1};
+  bool eyeAtPoint = false;
+
+  // The camera as seen from the current object space: a point, or a way.
+  Vec3 eyeInObject() const;
 
   // nu x nv points, u running fastest, made into two triangles per cell with
   // normals averaged over the cells around each point. `colors` holds one
@@ -26,6 +33,11 @@ class Builder {
   // cover it, with one normal.
   void flat(const std::vector<Vec3>& points, const std::vector<Vec3>& colors,
             const std::vector<uint32_t>& triangles);
+
+  // A curved piece given as triangles over shared points: normals averaged
+  // over the triangles around each point.
+  void smooth(const std::vector<Vec3>& points, const std::vector<Vec3>& colors,
+              const std::vector<uint32_t>& triangles);
 
   // True once the mesh holds the most triangles it may; later surfaces are dropped.
   bool full() const { return full_; }

@@ -135,6 +135,10 @@ bool SceneWalk::take(const ZelRecord& r) {
 bool SceneWalk::nesting(const ZelRecord& r) {
   if (r.op == "SceneBegin") {
     scene_.camera.worldToCamera = builder_.toWorld;
+    Mat4 cameraToWorld = builder_.toWorld.inverseAffine();
+    builder_.eyeAtPoint = scene_.camera.perspective;
+    builder_.eye = builder_.eyeAtPoint ? cameraToWorld.point({0, 0, 0})
+                                       : normalized(cameraToWorld.direction({0, 0, -1}));
     builder_.toWorld = Mat4{};
     inScene_ = true;
   } else if (r.op == "SceneEnd" || (r.op == "FrameEnd" && inScene_)) {

@@ -22,6 +22,11 @@ const std::pair<std::string_view, Tessellator> kTessellators[] = {
     {"PatchV", tessPatch},
     {"PatchMeshV", tessPatchMesh},
     {"NurbMeshV", tessNurbMesh},
+    {"SubdivisionMeshV", tessSubdivisionMesh},
+    {"HierarchicalSubdivisionMeshV", tessSubdivisionMesh},
+    {"PointsV", tessPoints},
+    {"CurvesV", tessCurves},
+    {"BlobbyV", tessBlobby},
 };
 
 }  // namespace

@@ -31,3 +31,7 @@ void tessGeneralPolygonMesh(const ZelRecord& r, Builder& b);
 void tessPatch(const ZelRecord& r, Builder& b);
 void tessPatchMesh(const ZelRecord& r, Builder& b);
 void tessNurbMesh(const ZelRecord& r, Builder& b);
+void tessSubdivisionMesh(const ZelRecord& r, Builder& b);  // both kinds
+void tessPoints(const ZelRecord& r, Builder& b);
+void tessCurves(const ZelRecord& r, Builder& b);
+void tessBlobby(const ZelRecord& r, Builder& b);
