@@ -91,8 +91,14 @@ void Renderer::fill(Corner a, Corner b, Corner c) {
   const Corner* v[3] = {&a, &b, &c};
   float lox = std::min({a.x, b.x, c.x}), hix = std::max({a.x, b.x, c.x});
   float loy = std::min({a.y, b.y, c.y}), hiy = std::max({a.y, b.y, c.y});
-  int32_t x0 = pixelAt(std::floor(lox), image_.width), x1 = pixelAt(std::ceil(hix), image_.width);
-  int32_t y0 = pixelAt(std::floor(loy), image_.height), y1 = pixelAt(std::ceil(hiy), image_.height);
+  // Only pixels whose centres lie within the bounds can be covered; most
+  // triangles of a large mesh hold none and end here.
+  float fx0 = std::ceil(lox - 0.5f), fx1 = std::floor(hix - 0.5f);
+  float fy0 = std::ceil(loy - 0.5f), fy1 = std::floor(hiy - 0.5f);
+  if (fx0 > fx1 || fy0 > fy1 || fx1 < 0 || fy1 < 0 || fx0 >= image_.width || fy0 >= image_.height)
+    return;
+  int32_t x0 = pixelAt(fx0, image_.width), x1 = pixelAt(fx1, image_.width);
+  int32_t y0 = pixelAt(fy0, image_.height), y1 = pixelAt(fy1, image_.height);
   if (x0 > x1 || y0 > y1) return;
   // Edge i is the one opposite corner i; its function is that corner's weight times the area.
   double ex[3], ey[3];
