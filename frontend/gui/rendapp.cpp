@@ -80,12 +80,6 @@ void TRendApp::buildMenu() {
   convert->setShortcut(Qt::Key_F12);
   convert->setStatusTip("Convert RIB file ZEL file");
   connect(convert, &QAction::triggered, this, &TRendApp::CmConvert);
-  fPreviewAction = file->addAction("&Preview");
-  fPreviewAction->setObjectName("preview");
-  fPreviewAction->setShortcut(Qt::Key_F5);
-  fPreviewAction->setStatusTip("Draw the last scene file from its camera");
-  fPreviewAction->setEnabled(false);
-  connect(fPreviewAction, &QAction::triggered, this, &TRendApp::CmPreview);
   file->addSeparator();
   QAction* exit = file->addAction("E&xit");
   exit->setObjectName("exit");
@@ -134,7 +128,7 @@ void TRendApp::convertFrom(const QString& inputPath) {
   TRendFrame::fProgressDialog = nullptr;
   if (dialog.previewOffered()) {
     fLastScene = fOutputData.fileName;
-    fPreviewAction->setEnabled(true);
+    addPreviewCommand();
   }
   if (result == TProgressDialog::kPreview) CmPreview();
 }
@@ -164,6 +158,18 @@ void TRendApp::QuitCleanly() {
   if (TRendFrame::fProgressDialog) TRendFrame::fProgressDialog->reject();
   closeAllWindows();
   quit();
+}
+
+// File, Preview comes with the first scene file there is to draw.
+void TRendApp::addPreviewCommand() {
+  if (fPreviewAction) return;
+  QMenu* file = fFrame->menuBar()->actions().front()->menu();
+  fPreviewAction = new QAction("&Preview", file);
+  fPreviewAction->setObjectName("preview");
+  fPreviewAction->setShortcut(Qt::Key_F5);
+  fPreviewAction->setStatusTip("Draw the last scene file from its camera");
+  connect(fPreviewAction, &QAction::triggered, this, &TRendApp::CmPreview);
+  file->insertAction(file->actions().at(1), fPreviewAction);
 }
 
 void TRendApp::CmPreview() {

@@ -58,6 +58,7 @@ class TRendApp : public QApplication {
  private:
   void buildMenu();
   bool outputUsable();
+  void addPreviewCommand();
   QAction* fPreviewAction = nullptr;
 };
 
