@@ -74,7 +74,7 @@ int main(int argc, char** argv) {
   }
   Renderer renderer;
   View view(scene.camera, 640, 480);
-  double draw = medianSeconds(runs, [&] { renderer.draw(scene.mesh, scene.lights, view); });
+  double draw = medianSeconds(runs, [&] { renderer.draw(scene.mesh, scene.lighting, view); });
   std::printf("%zu triangles, %zu vertices: draw at 640x480 %.4f s, %.1f pictures/s\n",
               scene.mesh.triangles(), scene.mesh.vertices.size(), draw, 1 / draw);
   return 0;

@@ -10,7 +10,7 @@ void Builder::grid(const std::vector<Vec3>& points, const std::vector<Vec3>& col
   if (nu < 2 || nv < 2 || points.size() < nu * nv || !room(2 * (nu - 1) * (nv - 1))) return;
   size_t base = mesh_.vertices.size();
   for (size_t i = 0; i < nu * nv; ++i) {
-    mesh_.vertices.push_back({toWorld.point(points[i]), {}, colorAt(colors, i)});
+    mesh_.vertices.push_back({toWorld.point(points[i]), {}, colorAt(colors, i), lightSet});
   }
   MeshVertex* v = mesh_.vertices.data() + base;
   for (size_t j = 0; j + 1 < nv; ++j) {
@@ -42,7 +42,7 @@ void Builder::flat(const std::vector<Vec3>& points, const std::vector<Vec3>& col
   }
   n = normalized(n);
   for (size_t i = 0; i < world.size(); ++i) {
-    mesh_.vertices.push_back({world[i], n, colorAt(colors, i)});
+    mesh_.vertices.push_back({world[i], n, colorAt(colors, i), lightSet});
   }
   size_t whole = triangles.size() - triangles.size() % 3;
   for (size_t t = 0; t < whole; ++t)
@@ -57,7 +57,7 @@ void Builder::smooth(const std::vector<Vec3>& points, const std::vector<Vec3>& c
   if (triangles.size() < 3 || !room(triangles.size() / 3)) return;
   size_t base = mesh_.vertices.size();
   for (size_t i = 0; i < points.size(); ++i) {
-    mesh_.vertices.push_back({toWorld.point(points[i]), {}, colorAt(colors, i)});
+    mesh_.vertices.push_back({toWorld.point(points[i]), {}, colorAt(colors, i), lightSet});
   }
   MeshVertex* v = mesh_.vertices.data() + base;
   size_t whole = triangles.size() - triangles.size() % 3;

@@ -16,6 +16,7 @@ class Builder {
 
   Mat4 toWorld;
   Vec3 color{1, 1, 1};
+  uint32_t lightSet = 0;
   Basis uBasis = bezierBasis(), vBasis = bezierBasis();
   // Where the scene's camera is in world space, for ribbons and discs that
   // face it; for an orthographic camera, the way back to it.

@@ -11,6 +11,7 @@ struct MeshVertex {
   Vec3 p;
   Vec3 n;
   Vec3 color;
+  uint32_t lightSet;  // which lights shine on it (Lighting::sets)
 };
 
 struct Mesh {

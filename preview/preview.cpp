@@ -8,7 +8,7 @@
 Image drawScene(const Scene& scene, std::optional<std::array<int32_t, 2>> size) {
   std::array<int32_t, 2> wh = size.value_or(scene.camera.imageSize());
   Renderer renderer;
-  return renderer.draw(scene.mesh, scene.lights, View(scene.camera, wh[0], wh[1]));
+  return renderer.draw(scene.mesh, scene.lighting, View(scene.camera, wh[0], wh[1]));
 }
 
 PreviewResult previewFile(const std::string& scenePath, const std::string& pngPath,

@@ -23,17 +23,17 @@ uint8_t byte(float v) {
 
 }  // namespace
 
-const Image& Renderer::draw(const Mesh& mesh, const std::vector<Light>& lights, const View& view) {
+const Image& Renderer::draw(const Mesh& mesh, const Lighting& lighting, const View& view) {
   clear(view);
   Vec3 eye = view.perspective ? view.cameraToWorld.point({0, 0, 0})
                               : normalized(view.cameraToWorld.direction({0, 0, -1}));
-  Shader shader(lights, eye, view.perspective);
+  Shader shader(lighting, eye, view.perspective);
   camera_.resize(mesh.vertices.size());
   shaded_.resize(mesh.vertices.size());
   for (size_t i = 0; i < mesh.vertices.size(); ++i) {
     const MeshVertex& v = mesh.vertices[i];
     camera_[i] = view.worldToCamera.point(v.p);
-    shaded_[i] = shader.shade(v.p, v.n, v.color);
+    shaded_[i] = shader.shade(v.p, v.n, v.color, v.lightSet);
   }
   for (size_t t = 0; t + 2 < mesh.indices.size(); t += 3) {
     triangle(view, mesh.indices[t], mesh.indices[t + 1], mesh.indices[t + 2]);

@@ -22,7 +22,7 @@ struct Image {
 // Keeps its buffers between pictures, so that a window can redraw at once.
 class Renderer {
  public:
-  const Image& draw(const Mesh& mesh, const std::vector<Light>& lights, const View& view);
+  const Image& draw(const Mesh& mesh, const Lighting& lighting, const View& view);
 
  private:
   struct Corner {

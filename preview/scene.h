@@ -13,7 +13,7 @@
 struct Scene {
   Camera camera;
   Mesh mesh;
-  std::vector<Light> lights;
+  Lighting lighting;
   // What the picture leaves out or passed over, one line each, for the user.
   std::vector<std::string> notes;
 };

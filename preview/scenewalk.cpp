@@ -118,10 +118,7 @@ bool SceneWalk::take(const ZelRecord& r) {
   } else if (r.op == "LightSourceV") {
     light(r);
   } else if (r.op == "LightSwitch") {
-    int64_t handle = argInt(r, 0);
-    for (Light& l : scene_.lights) {
-      if (l.handle == handle && handle != 0) l.on = argInt(r, 1) != 0;
-    }
+    lightSwitch(r);
   } else if (r.op == "ObjectCall") {
     call(r);
   } else if (among(r.op, kUndrawn)) {
@@ -144,14 +141,10 @@ bool SceneWalk::nesting(const ZelRecord& r) {
   } else if (r.op == "SceneEnd" || (r.op == "FrameEnd" && inScene_)) {
     ended_ = true;
   } else if (r.op == "AttributePush") {
-    attributes_.push_back({builder_.toWorld, builder_.color, builder_.uBasis, builder_.vBasis});
+    attributes_.push_back(saved());
   } else if (r.op == "AttributePop") {
     if (attributes_.empty()) return true;
-    const Attributes& a = attributes_.back();
-    builder_.toWorld = a.transform;
-    builder_.color = a.color;
-    builder_.uBasis = a.u;
-    builder_.vBasis = a.v;
+    restore(attributes_.back());
     attributes_.pop_back();
   } else if (r.op == "MatrixPush") {
     matrices_.push_back(builder_.toWorld);
@@ -228,7 +221,45 @@ void SceneWalk::light(const ZelRecord& r) {
     return;
   }
   l.handle = r.handle.value_or(0);
-  scene_.lights.push_back(l);
+  scene_.lighting.lights.push_back(l);
+  std::vector<uint32_t> on = lights_;
+  on.push_back(static_cast<uint32_t>(scene_.lighting.lights.size() - 1));
+  useLights(std::move(on));
+}
+
+void SceneWalk::lightSwitch(const ZelRecord& r) {
+  int64_t handle = argInt(r, 0);
+  const std::vector<Light>& all = scene_.lighting.lights;
+  // The latest light with the handle: a handle given again names the new light.
+  for (size_t i = all.size(); i-- > 0;) {
+    if (all[i].handle != handle || handle == 0) continue;
+    std::vector<uint32_t> on = lights_;
+    std::erase(on, static_cast<uint32_t>(i));
+    if (argInt(r, 1) != 0) on.push_back(static_cast<uint32_t>(i));
+    useLights(std::move(on));
+    return;
+  }
+}
+
+void SceneWalk::useLights(std::vector<uint32_t> lights) {
+  std::sort(lights.begin(), lights.end());
+  auto [it, added] =
+      setIndex_.try_emplace(lights, static_cast<uint32_t>(scene_.lighting.sets.size()));
+  if (added) scene_.lighting.sets.push_back(lights);
+  builder_.lightSet = it->second;
+  lights_ = std::move(lights);
+}
+
+SceneWalk::Attributes SceneWalk::saved() const {
+  return {builder_.toWorld, builder_.color, builder_.uBasis, builder_.vBasis, lights_};
+}
+
+void SceneWalk::restore(const Attributes& a) {
+  builder_.toWorld = a.transform;
+  builder_.color = a.color;
+  builder_.uBasis = a.u;
+  builder_.vBasis = a.v;
+  useLights(a.lights);
 }
 
 void SceneWalk::call(const ZelRecord& r) {
@@ -236,7 +267,7 @@ void SceneWalk::call(const ZelRecord& r) {
   if (found == objects_.end() || calls_ >= kMaxCallDepth) return;
   ++calls_;
   // An instance is drawn in its own scope: what its records change ends with it.
-  attributes_.push_back({builder_.toWorld, builder_.color, builder_.uBasis, builder_.vBasis});
+  attributes_.push_back(saved());
   size_t depth = attributes_.size();
   for (const ZelRecord& inner : found->second) take(inner);
   attributes_.resize(depth);

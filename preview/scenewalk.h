@@ -25,12 +25,18 @@ class SceneWalk {
     Mat4 transform;
     Vec3 color;
     Basis u, v;
+    std::vector<uint32_t> lights;
   };
 
   bool transform(const ZelRecord& r);
   bool nesting(const ZelRecord& r);
   bool attribute(const ZelRecord& r);
   void light(const ZelRecord& r);
+  void lightSwitch(const ZelRecord& r);
+  // The current lights, as one of the scene's sets.
+  void useLights(std::vector<uint32_t> lights);
+  Attributes saved() const;
+  void restore(const Attributes& a);
   void call(const ZelRecord& r);
   void note(const ZelRecord& r, const std::string& what);
 
@@ -45,4 +51,6 @@ class SceneWalk {
   bool inScene_ = false;
   bool ended_ = false;
   std::set<std::string> noted_;
+  std::vector<uint32_t> lights_;
+  std::map<std::vector<uint32_t>, uint32_t> setIndex_{{{}, 0}};
 };

@@ -49,20 +49,21 @@ bool lightFrom(const ZelRecord& r, const Mat4& toWorld, Light& light) {
   return true;
 }
 
-Shader::Shader(const std::vector<Light>& lights, Vec3 eye, bool eyeAtPoint)
-    : lights_(lights), eye_(eye), eyeAtPoint_(eyeAtPoint) {
-  for (const Light& l : lights) {
-    if (l.on && l.kind != Light::Kind::Ambient) headlight_ = false;
+Shader::Shader(const Lighting& lighting, Vec3 eye, bool eyeAtPoint)
+    : lighting_(lighting), eye_(eye), eyeAtPoint_(eyeAtPoint) {
+  for (const Light& l : lighting.lights) {
+    if (l.kind != Light::Kind::Ambient) headlight_ = false;
   }
 }
 
-Vec3 Shader::shade(Vec3 p, Vec3 n, Vec3 surface) const {
+Vec3 Shader::shade(Vec3 p, Vec3 n, Vec3 surface, uint32_t set) const {
   Vec3 e = normalized(toEye(p));
   if (dot(n, e) < 0) n = n * -1.0f;
   Vec3 sum;
   if (headlight_) sum = Vec3{1, 1, 1} * std::max(0.0f, dot(n, e));
-  for (const Light& l : lights_) {
-    if (!l.on) continue;
+  if (set >= lighting_.sets.size()) set = 0;
+  for (uint32_t index : lighting_.sets[set]) {
+    const Light& l = lighting_.lights[index];
     if (l.kind == Light::Kind::Ambient) {
       sum = sum + l.color;
       continue;

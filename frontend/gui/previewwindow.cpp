@@ -122,7 +122,7 @@ void TPreviewWindow::paintEvent(QPaintEvent*) {
   painter.fillRect(rect(), QColor(64, 64, 64));
   fView.width = std::max(width(), 1);
   fView.height = std::max(height(), 1);
-  const Image& image = fRenderer.draw(fScene.mesh, fScene.lights, fView);
+  const Image& image = fRenderer.draw(fScene.mesh, fScene.lighting, fView);
   painter.drawImage(0, 0,
                     QImage(image.rgba.data(), image.width, image.height, QImage::Format_RGBA8888));
 }
