@@ -1,5 +1,14 @@
 #include "preview/builder.h"
 
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr float kPixelsPerStep = 6;
+
+}  // namespace
+
 bool Builder::room(size_t triangles) {
   if (mesh_.triangles() + triangles > maxTriangles_) full_ = true;
   return !full_;
@@ -76,4 +85,23 @@ void Builder::smooth(const std::vector<Vec3>& points, const std::vector<Vec3>& c
 Vec3 Builder::eyeInObject() const {
   Mat4 inverse = toWorld.inverseAffine();
   return eyeAtPoint ? inverse.point(eye) : normalized(inverse.direction(eye));
+}
+
+size_t Builder::steps(Vec3 centre, float size, size_t fewest, size_t most) const {
+  if (pixelsPerUnit <= 0 || !std::isfinite(size)) return most;
+  // The longest axis of the object-to-world transform: how much it stretches.
+  float stretch =
+      std::max({length(toWorld.direction({1, 0, 0})), length(toWorld.direction({0, 1, 0})),
+                length(toWorld.direction({0, 0, 1}))});
+  float world = size * stretch;
+  float pixels = world * pixelsPerUnit;
+  if (perspective) {
+    float z = worldToCamera.point(toWorld.point(centre)).z;
+    // A surface the camera is within or behind gets every step it may need.
+    if (!(z > world)) return most;
+    pixels /= z;
+  }
+  float n = pixels / kPixelsPerStep;
+  if (!(n < float(most))) return most;
+  return std::max(fewest, static_cast<size_t>(n));
 }

@@ -26,6 +26,16 @@ class Builder {
   // The camera as seen from the current object space: a point, or a way.
   Vec3 eyeInObject() const;
 
+  // The scene's camera for choosing how finely to cut: world to camera, and
+  // pixels per camera unit (at depth 1 when perspective). Until the scene
+  // begins, or without a camera, surfaces are cut at the finest.
+  Mat4 worldToCamera;
+  float pixelsPerUnit = 0;
+  bool perspective = false;
+  // Steps along a surface of the given object-space centre and size, so that
+  // each step spans a few pixels of the scene's picture: fewest to most.
+  size_t steps(Vec3 centre, float size, size_t fewest, size_t most) const;
+
   // nu x nv points, u running fastest, made into two triangles per cell with
   // normals averaged over the cells around each point. `colors` holds one
   // per point, or is empty for the current colour.

@@ -137,6 +137,12 @@ bool SceneWalk::nesting(const ZelRecord& r) {
     builder_.eye = builder_.eyeAtPoint ? cameraToWorld.point({0, 0, 0})
                                        : normalized(cameraToWorld.direction({0, 0, -1}));
     builder_.toWorld = Mat4{};
+    std::array<int32_t, 2> size = scene_.camera.imageSize();
+    View view(scene_.camera, size[0], size[1]);
+    builder_.worldToCamera = view.worldToCamera;
+    builder_.perspective = view.perspective;
+    builder_.pixelsPerUnit =
+        view.scale * float(size[1]) / std::abs(view.screen[3] - view.screen[2]);
     inScene_ = true;
   } else if (r.op == "SceneEnd" || (r.op == "FrameEnd" && inScene_)) {
     ended_ = true;

@@ -8,18 +8,27 @@
 namespace {
 
 constexpr int64_t kBicubic = 0x0701, kPeriodic = 0x0A00;
-constexpr size_t kSteps = 8;  // grid cells along each side of a bicubic patch
+constexpr size_t kSteps = 8;  // most grid cells along each side of a bicubic patch
 constexpr size_t kMaxSide = size_t{1} << 24;
 
 // One patch: `at(i, j)` gives its control point i along u and j along v.
 template <typename At>
 void bicubic(Builder& b, const ZelRecord& r, At at) {
-  size_t n = kSteps + 1;
+  Vec3 lo = at(0, 0), hi = lo;
+  for (size_t j = 0; j < 4; ++j) {
+    for (size_t i = 0; i < 4; ++i) {
+      Vec3 p = at(i, j);
+      lo = {std::min(lo.x, p.x), std::min(lo.y, p.y), std::min(lo.z, p.z)};
+      hi = {std::max(hi.x, p.x), std::max(hi.y, p.y), std::max(hi.z, p.z)};
+    }
+  }
+  size_t steps = b.steps((lo + hi) * 0.5f, length(hi - lo), 2, kSteps);
+  size_t n = steps + 1;
   std::vector<Vec3> points(n * n);
   for (size_t j = 0; j < n; ++j) {
-    std::array<float, 4> wv = basisWeights(b.vBasis, float(j) / kSteps);
+    std::array<float, 4> wv = basisWeights(b.vBasis, float(j) / float(steps));
     for (size_t i = 0; i < n; ++i) {
-      std::array<float, 4> wu = basisWeights(b.uBasis, float(i) / kSteps);
+      std::array<float, 4> wu = basisWeights(b.uBasis, float(i) / float(steps));
       Vec3 p;
       for (size_t jj = 0; jj < 4; ++jj) {
         for (size_t ii = 0; ii < 4; ++ii) p = p + at(ii, jj) * (wu[ii] * wv[jj]);

@@ -20,6 +20,15 @@ std::vector<Vec3> pointColors(const ZelRecord& r, size_t npoints) {
   return {};
 }
 
+// A triangle, or a quadrilateral whose two diagonals split it the same way.
+bool convex(const std::vector<Vec3>& points, const std::vector<uint32_t>& loop) {
+  if (loop.size() < 4) return true;
+  Vec3 a = points[loop[0]], b = points[loop[1]], c = points[loop[2]], d = points[loop[3]];
+  Vec3 n1 = cross(b - a, c - a), n2 = cross(c - a, d - a), n3 = cross(c - b, d - b),
+       n4 = cross(d - b, a - b);
+  return dot(n1, n2) > 0 && dot(n3, n4) > 0;
+}
+
 // One polygon: loops of indices into the record's points.
 void piece(Builder& b, const std::vector<Vec3>& points, const std::vector<Vec3>& colors,
            const std::vector<std::vector<uint32_t>>& loops) {
@@ -91,14 +100,38 @@ void mesh(const ZelRecord& r, Builder& b, const std::vector<int64_t>& loopsPerFa
   size_t npoints = 0;
   std::vector<std::vector<uint32_t>> loops = meshLoops(r, sizes, verts, npoints);
   std::vector<Vec3> points = pointsOf(r, npoints);
+  points.resize(npoints);
   std::vector<Vec3> colors = pointColors(r, points.size());
+  if (!hasParam(r, "N")) {
+    // Without normals of its own a mesh is faceted: each face flat.
+    size_t at = 0;
+    for (int64_t n : loopsPerFace) {
+      std::vector<std::vector<uint32_t>> face(loops.begin() + static_cast<std::ptrdiff_t>(at),
+                                              loops.begin() + static_cast<std::ptrdiff_t>(at) + n);
+      at += static_cast<size_t>(n);
+      if (b.full()) return;
+      piece(b, points, colors, face);
+    }
+    return;
+  }
+  // With normals the faces share their points, shaded smooth across the mesh.
+  std::vector<uint32_t> triangles;
   size_t at = 0;
   for (int64_t n : loopsPerFace) {
-    std::vector<std::vector<uint32_t>> face(loops.begin() + at, loops.begin() + at + n);
+    const std::vector<uint32_t>& outline = loops[at];
+    if (n == 1 && outline.size() <= 4 && convex(points, outline)) {
+      for (size_t i = 1; i + 1 < outline.size(); ++i) {
+        triangles.insert(triangles.end(), {outline[0], outline[i], outline[i + 1]});
+      }
+    } else {
+      std::vector<std::vector<uint32_t>> face(loops.begin() + static_cast<std::ptrdiff_t>(at),
+                                              loops.begin() + static_cast<std::ptrdiff_t>(at) + n);
+      std::vector<uint32_t> cut = triangulate(points, face);
+      triangles.insert(triangles.end(), cut.begin(), cut.end());
+    }
     at += static_cast<size_t>(n);
-    if (b.full()) return;
-    piece(b, points, colors, face);
   }
+  b.smooth(points, colors, triangles);
 }
 
 }  // namespace

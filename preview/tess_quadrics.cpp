@@ -17,11 +17,19 @@ float radians(float degrees) {
 
 // Sweeps profile(v), a point in the xz plane, by thetamax degrees about z.
 template <typename Profile>
-void sweep(const ZelRecord& r, Builder& b, float thetamax, size_t along, Profile profile) {
+void sweep(const ZelRecord& r, Builder& b, float thetamax, size_t most, Profile profile) {
   if (!std::isfinite(thetamax) || thetamax == 0) return;
   float turn = std::clamp(thetamax, -360.0f, 360.0f);
+  // The size of the surface: from its axis to the farthest of its profile's points.
+  float reach = 0;
+  for (float v : {0.0f, 0.5f, 1.0f}) {
+    Vec3 e = profile(v);
+    reach = std::max({reach, std::abs(e.x) + std::abs(e.y), std::abs(e.z)});
+  }
+  size_t around = b.steps({}, 2 * std::numbers::pi_v<float> * reach, 8, kAround);
+  size_t along = most > 1 ? b.steps({}, 2 * reach, 2, most) : most;
   size_t nu =
-      std::max<size_t>(2, static_cast<size_t>(std::ceil(std::abs(turn) / 360 * kAround)) + 1);
+      std::max<size_t>(2, static_cast<size_t>(std::ceil(std::abs(turn) / 360 * around)) + 1);
   size_t nv = along + 1;
   std::vector<Vec3> points(nu * nv);
   for (size_t j = 0; j < nv; ++j) {
