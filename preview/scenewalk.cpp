@@ -9,6 +9,9 @@
 namespace {
 
 constexpr int32_t kMaxCallDepth = 32;
+// Instances of instances multiply: a few lines can call for billions of
+// records. Past this many, further instances are not drawn.
+constexpr uint64_t kMaxReplayed = uint64_t{1} << 22;
 constexpr int64_t kVDirection = 0x0801;
 
 // Records that change nothing in the picture.
@@ -270,7 +273,12 @@ void SceneWalk::restore(const Attributes& a) {
 
 void SceneWalk::call(const ZelRecord& r) {
   auto found = objects_.find(argInt(r, 0));
-  if (found == objects_.end() || calls_ >= kMaxCallDepth) return;
+  if (found == objects_.end() || calls_ >= kMaxCallDepth || builder_.full()) return;
+  if (replayed_ + found->second.size() > kMaxReplayed) {
+    note(r, "instances beyond " + std::to_string(kMaxReplayed) + " records in all are not drawn");
+    return;
+  }
+  replayed_ += found->second.size();
   ++calls_;
   // An instance is drawn in its own scope: what its records change ends with it.
   attributes_.push_back(saved());

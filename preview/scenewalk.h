@@ -47,7 +47,8 @@ class SceneWalk {
   std::map<int64_t, std::vector<ZelRecord>> objects_;
   std::vector<ZelRecord>* defining_ = nullptr;
   std::vector<ZelRecord> dropped_;
-  int32_t calls_ = 0;  // depth of ObjectCall within ObjectCall
+  int32_t calls_ = 0;      // depth of ObjectCall within ObjectCall
+  uint64_t replayed_ = 0;  // records drawn again by ObjectCall
   bool inScene_ = false;
   bool ended_ = false;
   std::set<std::string> noted_;
