@@ -1,6 +1,7 @@
 // The preview's speed, in two figures:
-//   preview_bench SCENE.zel [RUNS]     reading and tessellating the scene file,
-//                                      then drawing it at 640x480
+//   preview_bench SCENE.zel [RUNS]     reading the records alone, reading and
+//                                      tessellating the scene file, then
+//                                      drawing it at 640x480
 //   preview_bench --triangles N [RUNS] drawing a sphere of about N triangles
 //                                      at 640x480, in pictures per second
 // Each prints the median of RUNS (default 5).
@@ -70,7 +71,15 @@ int main(int argc, char** argv) {
       std::ifstream in(first, std::ios::binary);
       scene = readScene(in);
     });
-    std::printf("read and tessellate: %.3f s\n", read);
+    double parse = medianSeconds(runs, [&] {
+      std::ifstream in(first, std::ios::binary);
+      ZelReader reader(in);
+      ZelRecord r;
+      while (reader.next(r)) {
+      }
+    });
+    std::printf("records read (zel/reader alone): %.3f s\nread and tessellate: %.3f s\n", parse,
+                read);
   }
   Renderer renderer;
   View view(scene.camera, 640, 480);
