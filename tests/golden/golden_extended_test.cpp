@@ -2,7 +2,6 @@
 // with --extended to its checked-in ZEL file and messages (see cases.txt).
 // RZ_UPDATE_GOLDEN=1 rewrites the ZEL files instead of comparing.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -12,8 +11,10 @@
 #include <utility>
 #include <vector>
 
-#include "tests/golden/runprogram.h"
 #include "tests/golden/samerecords.h"
+#include "tests/support/childprocess.h"
+#include "tests/support/files.h"
+#include "tests/support/scratchdir.h"
 
 namespace golden {
 namespace {
@@ -36,18 +37,17 @@ std::vector<std::pair<std::string, std::string>> cases() {
 }
 
 TEST(GoldenExtended, EachCaseGivesItsSceneAndMessages) {
-  const fs::path dir = fs::temp_directory_path() / ("rz-golden-x-" + std::to_string(getpid()));
-  fs::create_directories(dir);
+  const scratchdir dir;
   const bool update =
       std::getenv("RZ_UPDATE_GOLDEN") && std::string(std::getenv("RZ_UPDATE_GOLDEN")) == "1";
   for (const auto& [name, main] : cases()) {
     SCOPED_TRACE(name);
-    const std::string zel = (dir / (name + ".zel")).string();
-    ProgramRun run{{RZ_RIB2ZEL, "--extended", kSource + "/" + main, zel}, "", "", ""};
-    run.stderrPath = (dir / "messages.txt").string();
-    runProgram(run);
+    const std::string zel = dir.file(name + ".zel").string();
+    const childspec run{
+        {RZ_RIB2ZEL, "--extended", kSource + "/" + main, zel}, "", "", dir.file("messages.txt")};
+    runprogram(run);
     const std::string expected = kCases + name + ".messages";
-    const std::string messages = fileExists(expected) ? readFile(expected) : "Success.\n";
+    const std::string messages = fs::exists(expected) ? readFile(expected) : "Success.\n";
     EXPECT_EQ(readFile(run.stderrPath), messages);
     if (update) {
       fs::copy_file(zel, kCases + name + ".zel", fs::copy_options::overwrite_existing);
@@ -55,7 +55,6 @@ TEST(GoldenExtended, EachCaseGivesItsSceneAndMessages) {
       EXPECT_TRUE(sameRecords(zel, kCases + name + ".zel"));
     }
   }
-  fs::remove_all(dir);
 }
 
 }  // namespace

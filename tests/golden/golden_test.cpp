@@ -2,7 +2,6 @@
 // its encodings give the same records. RZ_UPDATE_GOLDEN=1 rewrites the golden
 // files instead of comparing (see tests/golden/README.md).
 #include <gtest/gtest.h>
-#include <unistd.h>
 #include <zlib.h>
 
 #include <algorithm>
@@ -12,8 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/golden/runprogram.h"
 #include "tests/golden/samerecords.h"
+#include "tests/support/childprocess.h"
+#include "tests/support/files.h"
+#include "tests/support/scratchdir.h"
 
 namespace golden {
 namespace {
@@ -57,29 +58,17 @@ std::string gunzip(const std::string& path) {
 
 class Golden : public testing::TestWithParam<std::string> {
  protected:
-  void SetUp() override {
-    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = info->name();  // "Test/scene"
-    std::replace(name.begin(), name.end(), '/', '_');
-    dir_ = (fs::temp_directory_path() / ("rz-golden-" + std::to_string(getpid()) + "-" + name))
-               .string();
-    fs::create_directories(dir_);
-  }
-  void TearDown() override { fs::remove_all(dir_); }
-
   std::string scene() const { return GetParam(); }
-  std::string temp(const std::string& name) const { return dir_ + "/" + name; }
+  std::string temp(const std::string& name) const { return dir_.file(name).string(); }
 
   // Converts `input` (read through standard input when `viaStdin`) into a ZEL
   // file in the test's directory, expecting a clean conversion: exit status 0
   // and "Success." as the only message.
   std::string convert(const std::string& input, bool viaStdin = false) {
     std::string zel = temp("out.zel");
-    ProgramRun run;
-    run.argv = {RZ_RIB2ZEL, viaStdin ? "-" : input, zel};
-    if (viaStdin) run.stdinPath = input;
-    run.stderrPath = temp("messages.txt");
-    int status = runProgram(run);
+    childspec run{
+        {RZ_RIB2ZEL, viaStdin ? "-" : input, zel}, viaStdin ? input : "", "", temp("messages.txt")};
+    int status = runprogram(run);
     std::string messages = readFile(run.stderrPath);
     EXPECT_EQ(status, 0) << input << ":\n" << messages;
     EXPECT_EQ(messages, "Success.\n") << input;
@@ -88,13 +77,13 @@ class Golden : public testing::TestWithParam<std::string> {
 
   std::string encode(const std::string& form) {
     std::string ribb = temp(form + ".ribb");
-    ProgramRun run{{RZ_RIB2BIN, "--define-as", form, example(scene(), ".rib"), ribb}, "", "", ""};
-    EXPECT_EQ(runProgram(run), 0) << "rib2bin --define-as " << form;
+    EXPECT_EQ(runprogram({{RZ_RIB2BIN, "--define-as", form, example(scene(), ".rib"), ribb}}), 0)
+        << "rib2bin --define-as " << form;
     return ribb;
   }
 
  private:
-  std::string dir_;
+  scratchdir dir_;
 };
 
 TEST_P(Golden, AsciiMatchesGoldenFile) {
@@ -105,7 +94,7 @@ TEST_P(Golden, AsciiMatchesGoldenFile) {
     std::printf("rewrote %s\n", goldenFile(scene()).c_str());
     return;
   }
-  ASSERT_TRUE(fileExists(goldenFile(scene())))
+  ASSERT_TRUE(fs::exists(goldenFile(scene())))
       << goldenFile(scene()) << " is missing; see tests/golden/README.md";
   EXPECT_TRUE(sameRecords(zel, goldenFile(scene())));
 }

@@ -13,7 +13,7 @@ void RiSceneTest::SetUp() {
   setMessageSink(captureLine);
   zelSetMessageSink(captureLine);
   setErrorHandler(RiErrorPrint);
-  path_ = scratchPath("ri");
+  path_ = dir_.file("ri.zel").string();
   _zelOutputFile(kZelSceneFile, path_.c_str());
   ASSERT_FALSE(zelWriteFailed()) << zelWriteError();
 }
@@ -21,7 +21,6 @@ void RiSceneTest::SetUp() {
 void RiSceneTest::TearDown() {
   setMessageSink(nullptr);
   zelSetMessageSink(nullptr);
-  std::remove(path_.c_str());
 }
 
 ZelFile RiSceneTest::readScene() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "interface/ri.h"
+#include "tests/support/scratchdir.h"
 #include "zel/reader/zelreader.h"
 
 class RiSceneTest : public testing::Test {
@@ -25,6 +26,7 @@ class RiSceneTest : public testing::Test {
   const std::vector<std::string>& messages() const;
 
  private:
+  scratchdir dir_;
   std::string path_;
 };
 

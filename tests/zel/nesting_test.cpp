@@ -152,7 +152,7 @@ TEST_F(ZelTest, CustomHandlerGetsCodeSeverityAndLine) {
 }
 
 TEST_F(ZelTest, AbortModeEndsTheProgramWithTheRecordOnDisk) {
-  std::string path = scratchPath("abort");
+  std::string path = dir_.file("abort.zel").string();
   EXPECT_DEATH(
       {
         zelSetMessageSink(nullptr);
@@ -164,7 +164,6 @@ TEST_F(ZelTest, AbortModeEndsTheProgramWithTheRecordOnDisk) {
       },
       "ZEL error: AttributePop with no AttributePush open");
   std::vector<ZelRecord> read = readZelFile(path).records;
-  std::filesystem::remove(path);
   ASSERT_EQ(read.size(), 4u);
   EXPECT_EQ(read.back().op, "AttributePop");
 }
