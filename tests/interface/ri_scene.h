@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "interface/ri.h"
+#include "tests/support/describe.h"
 #include "tests/support/scratchdir.h"
 #include "zel/reader/zelreader.h"
 
@@ -29,12 +30,6 @@ class RiSceneTest : public testing::Test {
   scratchdir dir_;
   std::string path_;
 };
-
-// "ConeV 1 2 2 360": the operation and its arguments, floats in their
-// shortest exact form, texts quoted, arrays in brackets; then each parameter
-// as "{code name type class count values}".
-std::string describe(const ZelRecord& record);
-std::string describe(const ZelValue& value);
 
 // A name for an RtToken or char* argument; the calls do not write to it.
 inline char* text(const char* word) {
