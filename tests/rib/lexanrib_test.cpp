@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <charconv>
-#include <cstdio>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -249,39 +246,6 @@ TEST(LexanribGetDeathTest, WrongAccessorStopsWithTheCondition) {
   EXPECT_DEATH(scan.lex.get(f), "thistoke == LEXFLOAT \\|\\| thistoke == LEXINT");
   scan.lex.next();
   EXPECT_DEATH(scan.lex.get(s), "thistoke == LEXSTRING \\|\\| thistoke == LEXKEYWORD");
-}
-
-// The scanner's float must be the double nearest the text, narrowed: checked
-// against the general conversion over numbers of every shape.
-TEST(LexanribNumbers, FloatsMatchTheGeneralConversion) {
-  std::mt19937 random(7);
-  std::string input;
-  std::vector<float> expected;
-  char buf[64];
-  for (int i = 0; i < 20000; ++i) {
-    int digits = 1 + static_cast<int>(random() % 24);
-    std::string mantissa;
-    for (int d = 0; d < digits; ++d) mantissa += static_cast<char>('0' + random() % 10);
-    size_t point = random() % (mantissa.size() + 1);
-    std::string text = (random() % 2 ? "-" : "") + mantissa.substr(0, point) + "." +
-                       mantissa.substr(point) + (point == mantissa.size() ? "5" : "");
-    if (random() % 3 == 0) {
-      std::snprintf(buf, sizeof buf, "e%d", static_cast<int>(random() % 90) - 45);
-      text += buf;
-    }
-    double reference = 0;
-    const char* begin = text.c_str() + (text[0] == '-' ? 1 : 0);
-    std::from_chars(begin, text.c_str() + text.size(), reference);
-    expected.push_back(static_cast<float>(text[0] == '-' ? -reference : reference));
-    input += text + " ";
-  }
-  Scan scan(input);
-  for (size_t i = 0; i < expected.size(); ++i) {
-    ASSERT_EQ(scan.lex.next(), LEXFLOAT) << i;
-    float f;
-    scan.lex.get(f);
-    ASSERT_EQ(f, expected[i]) << scan.lex.text.data;
-  }
 }
 
 }  // namespace
