@@ -4,6 +4,7 @@
 #include <map>
 
 #include "tests/zel/zelfixture.h"
+#include "zel/messages.h"
 
 namespace {
 
@@ -143,10 +144,10 @@ TEST_F(ZelTest, CustomHandlerGetsCodeSeverityAndLine) {
   _zelLightSwitch(handle(4), 1);
   EXPECT_TRUE(gReportLines.empty());
   ASSERT_EQ(gReceived.size(), 2u);
-  EXPECT_EQ(gReceived[0].code, 24);
-  EXPECT_EQ(gReceived[0].severity, 2);
+  EXPECT_EQ(gReceived[0].code, zel::kNesting);
+  EXPECT_EQ(gReceived[0].severity, zel::kError);
   EXPECT_EQ(gReceived[0].message, "ZEL error: FrameEnd with no FrameBegin open");
-  EXPECT_EQ(gReceived[1].code, 44);
+  EXPECT_EQ(gReceived[1].code, zel::kBadHandle);
   EXPECT_EQ(gReceived[1].message, "ZEL error: LightSwitch of unknown light 4");
   EXPECT_EQ(records().front().op, "CustomErrorHandler");
 }

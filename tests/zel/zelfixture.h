@@ -20,6 +20,15 @@ inline void captureLine(const char* line) {
   gReportLines.emplace_back(line);
 }
 
+// A polygon with these coordinates as its "P".
+inline void writePolygon(std::vector<float> points) {
+  ZelParam info = {"P", 0x0001, 4, 3, static_cast<uint32_t>(points.size())};
+  uint16_t code = 0x0001;
+  RtPointer pointer = points.data();
+  _zelParameterInfo(1, &info);
+  _zelPolygonV(static_cast<int32_t>(points.size() / 3), 1, &code, &pointer);
+}
+
 class ZelTest : public ::testing::Test {
  protected:
   void SetUp() override {
