@@ -1,13 +1,15 @@
 // Golden scenes: every example converts to its checked-in ZEL file, and all of
-// its encodings give the same records. RZ_UPDATE_GOLDEN=1 rewrites the golden
-// files instead of comparing (see tests/golden/README.md).
+// its encodings give the same records; and each case of the extended reader (a
+// main file with its archives, see extended/cases.txt) converts with
+// --extended to its ZEL file and messages. RZ_UPDATE_GOLDEN=1 rewrites the
+// golden files instead of comparing (see tests/golden/README.md).
 #include <gtest/gtest.h>
 #include <zlib.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -23,13 +25,15 @@ namespace fs = std::filesystem;
 
 const std::string kSource = RZ_SOURCE_DIR_PATH;
 
-std::vector<std::string> sceneNames() {
-  std::vector<std::string> names;
-  std::ifstream list(kSource + "/tests/golden/scenes.txt");
-  for (std::string line; std::getline(list, line);) {
-    if (!line.empty() && line[0] != '#') names.push_back(line);
+const std::string kCases = kSource + "/tests/golden/extended/";
+
+// The lines of a list in this folder, comments and empty lines left out.
+std::vector<std::string> listed(const std::string& name) {
+  std::vector<std::string> lines;
+  for (const std::string& line : splitLines(readFile(kSource + "/tests/golden/" + name))) {
+    if (!line.empty() && line[0] != '#') lines.push_back(line);
   }
-  return names;
+  return lines;
 }
 
 std::string example(const std::string& scene, const char* suffix) {
@@ -127,8 +131,30 @@ TEST_P(Golden, StoredFormsAreUpToDate) {
   EXPECT_EQ(gunzip(example(scene(), ".rib.gz")), ascii) << "run tools/make-examples.sh " << scene();
 }
 
-INSTANTIATE_TEST_SUITE_P(Scenes, Golden, testing::ValuesIn(sceneNames()),
+INSTANTIATE_TEST_SUITE_P(Scenes, Golden, testing::ValuesIn(listed("scenes.txt")),
                          [](const auto& info) { return info.param; });
+
+TEST(GoldenExtended, EachCaseGivesItsSceneAndMessages) {
+  const scratchdir dir;
+  for (const std::string& line : listed("extended/cases.txt")) {
+    std::istringstream words(line);
+    std::string name, main;
+    ASSERT_TRUE(words >> name >> main) << line;
+    SCOPED_TRACE(name);
+    const std::string zel = dir.file(name + ".zel").string();
+    const childspec run{
+        {RZ_RIB2ZEL, "--extended", kSource + "/" + main, zel}, "", "", dir.file("messages.txt")};
+    runprogram(run);
+    const std::string expected = kCases + name + ".messages";
+    const std::string messages = fs::exists(expected) ? readFile(expected) : "Success.\n";
+    EXPECT_EQ(readFile(run.stderrPath), messages);
+    if (updating()) {
+      fs::copy_file(zel, kCases + name + ".zel", fs::copy_options::overwrite_existing);
+    } else {
+      EXPECT_TRUE(sameRecords(zel, kCases + name + ".zel"));
+    }
+  }
+}
 
 }  // namespace
 }  // namespace golden
