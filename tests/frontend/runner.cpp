@@ -2,13 +2,14 @@
 
 namespace {
 
-childspec rib2zelspec(const scratchdir& dir, const std::vector<std::string>& args,
-                      const std::string& stdinPath, bool stdinPipe, rlim_t fileSize, rlim_t data) {
-  childspec spec{
+childrequest rib2zelrequest(const scratchdir& dir, const std::vector<std::string>& args,
+                            const std::string& stdinPath, bool stdinPipe, rlim_t fileSize,
+                            rlim_t data) {
+  childrequest request{
       {RIB2ZEL_PATH}, stdinPath, dir.file("stdout.txt"), dir.file("stderr.txt"), stdinPipe, false,
       fileSize,       data};
-  spec.argv.insert(spec.argv.end(), args.begin(), args.end());
-  return spec;
+  request.argv.insert(request.argv.end(), args.begin(), args.end());
+  return request;
 }
 
 }  // namespace
@@ -18,7 +19,7 @@ rib2zelprocess::rib2zelprocess(const scratchdir& dir, const std::vector<std::str
                                rlim_t dataLimit)
     : outPath_(dir.file("stdout.txt")),
       errPath_(dir.file("stderr.txt")),
-      child_(rib2zelspec(dir, args, stdinPath, stdinPipe, fileSizeLimit, dataLimit)) {}
+      child_(rib2zelrequest(dir, args, stdinPath, stdinPipe, fileSizeLimit, dataLimit)) {}
 
 runresult rib2zelprocess::wait() {
   runresult r;

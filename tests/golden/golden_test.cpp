@@ -70,7 +70,7 @@ class Golden : public testing::TestWithParam<std::string> {
   // and "Success." as the only message.
   std::string convert(const std::string& input, bool viaStdin = false) {
     std::string zel = temp("out.zel");
-    childspec run{
+    childrequest run{
         {RZ_RIB2ZEL, viaStdin ? "-" : input, zel}, viaStdin ? input : "", "", temp("messages.txt")};
     int status = runprogram(run);
     std::string messages = readFile(run.stderrPath);
@@ -142,7 +142,7 @@ TEST(GoldenExtended, EachCaseGivesItsSceneAndMessages) {
     ASSERT_TRUE(words >> name >> main) << line;
     SCOPED_TRACE(name);
     const std::string zel = dir.file(name + ".zel").string();
-    const childspec run{
+    const childrequest run{
         {RZ_RIB2ZEL, "--extended", kSource + "/" + main, zel}, "", "", dir.file("messages.txt")};
     runprogram(run);
     const std::string expected = kCases + name + ".messages";

@@ -91,10 +91,10 @@ void feeder::flush() {
 
 childresult runchild(const childoptions& options) {
   setChildSanitizerOptions();
-  childspec spec{{RIB2ZEL_PATH}, "",   options.stdoutPath,    "",
-                 true,           true, options.fileSizeLimit, options.dataLimit};
-  spec.argv.insert(spec.argv.end(), options.args.begin(), options.args.end());
-  childprocess child(spec);
+  childrequest request{{RIB2ZEL_PATH}, "",   options.stdoutPath,    "",
+                       true,           true, options.fileSizeLimit, options.dataLimit};
+  request.argv.insert(request.argv.end(), options.args.begin(), options.args.end());
+  childprocess child(request);
   childresult r;
   std::thread writer([&] {
     {

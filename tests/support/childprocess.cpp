@@ -40,20 +40,20 @@ int pipeEnd(bool childReads, int& mine) {
 
 }  // namespace
 
-childprocess::childprocess(const childspec& spec) {
+childprocess::childprocess(const childrequest& request) {
   // A child that stops reading early must not kill the test with SIGPIPE.
   signal(SIGPIPE, SIG_IGN);
   const int writeFlags = O_WRONLY | O_CREAT | O_TRUNC;
   const int fds[3] = {
-      spec.stdinPipe ? pipeEnd(true, stdinFd_) : openOrThrow(spec.stdinPath, O_RDONLY),
-      openOrThrow(spec.stdoutPath, writeFlags),
-      spec.stderrPipe ? pipeEnd(false, stderrFd_) : openOrThrow(spec.stderrPath, writeFlags)};
-  std::vector<std::string> words = spec.argv;
+      request.stdinPipe ? pipeEnd(true, stdinFd_) : openOrThrow(request.stdinPath, O_RDONLY),
+      openOrThrow(request.stdoutPath, writeFlags),
+      request.stderrPipe ? pipeEnd(false, stderrFd_) : openOrThrow(request.stderrPath, writeFlags)};
+  std::vector<std::string> words = request.argv;
   std::vector<char*> argv;
   for (std::string& w : words) argv.push_back(w.data());
   argv.push_back(nullptr);
   pid_ = fork();
-  if (pid_ == 0) execChild(argv.data(), fds, spec.fileSizeLimit, spec.dataLimit);
+  if (pid_ == 0) execChild(argv.data(), fds, request.fileSizeLimit, request.dataLimit);
   for (int fd : fds) close(fd);
   if (pid_ < 0) throw std::runtime_error("fork failed");
 }
@@ -81,6 +81,6 @@ int childprocess::wait(rusage* usage) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-int runprogram(const childspec& spec) {
-  return childprocess(spec).wait();
+int runprogram(const childrequest& request) {
+  return childprocess(request).wait();
 }

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-struct childspec {
+struct childrequest {
   std::vector<std::string> argv;  // argv[0] is the program's path
   std::string stdinPath = "";     // empty: /dev/null
   std::string stdoutPath = "";    // empty: /dev/null
@@ -22,7 +22,7 @@ struct childspec {
 
 class childprocess {
  public:
-  explicit childprocess(const childspec& spec);
+  explicit childprocess(const childrequest& request);
   childprocess(const childprocess&) = delete;
   childprocess& operator=(const childprocess&) = delete;
   // A child still running is killed.
@@ -43,4 +43,4 @@ class childprocess {
 };
 
 // Runs to the end and returns what wait() does.
-int runprogram(const childspec& spec);
+int runprogram(const childrequest& request);
