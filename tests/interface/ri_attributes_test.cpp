@@ -10,52 +10,42 @@ namespace {
 using AttributeCalls = RiSceneTest;
 using Strings = std::vector<std::string>;
 
-TEST_F(AttributeCalls, OnlyOneSidedIsBackfaceOne) {
+// Keywords become the library's numbers: only one-sided is Backface 1; an
+// identifier names the object and its group, the text "null" as no name at
+// all; of the approximations only flatness has a place.
+TEST_F(AttributeCalls, KeywordsBecomeTheLibrarysNumbers) {
   RiSides(2);
   RiSides(0);
   RiSides(1);
-  EXPECT_EQ(lines(), (Strings{"Backface 0", "Backface 0", "Backface 1"}));
-}
-
-TEST_F(AttributeCalls, ShadingInterpolationSendsTheModel) {
   RiShadingInterpolation(RI_CONSTANT);
   RiShadingInterpolation(text("smooth"));
   RiShadingInterpolation(RI_PAINT);
-  EXPECT_EQ(lines(), (Strings{"ShadingModel 1280", "ShadingModel 1281"}));
-  EXPECT_EQ(messages(), Strings{"error: Parameter out of range. RiShadingInterpolation: unknown "
-                                "shading interpolation \"paint\""});
-}
-
-TEST_F(AttributeCalls, OrientationTakesTheFourWordsAndReverse) {
   RiOrientation(RI_LH);
   RiOrientation(RI_OUTSIDE);
   RiReverseOrientation();
   RiOrientation(RI_WORLD);
   RiOrientation(text("binding_test_sideways"));
-  EXPECT_EQ(lines(), (Strings{"Orientation 1536", "Orientation 1539", "Orientation 1540"}));
-  EXPECT_EQ(
-      messages(),
-      (Strings{"error: Parameter out of range. RiOrientation: unknown orientation \"world\"",
-               "error: Invalid token for request. undeclared token \"binding_test_sideways\""}));
-}
-
-TEST_F(AttributeCalls, IdentifierNamesTheObjectAndItsGroup) {
   const char* name = "teapot";
   const char* group = "null";
   RtToken tokens[] = {RI_NAME, RI_SHADINGGROUP};
   RtPointer values[] = {&name, &group};
   RiAttributeV(RI_IDENTIFIER, 2, tokens, values);
   RiAttribute(text("binding_test_render"), RI_NAME, &name, RI_NULL);
-  // The text "null" arrives as no name at all.
-  EXPECT_EQ(lines(), (Strings{"ObjectName \"teapot\"", "GroupName null"}));
-}
-
-TEST_F(AttributeCalls, GeometricApproximationKnowsOnlyFlatness) {
   RiGeometricApproximation(RI_FLATNESS, 0.5f);
   RiGeometricApproximation(RI_SMOOTH, 2);
   RiGeometricApproximation(text("binding_test_motionfactor"), 2);
-  EXPECT_EQ(lines(), Strings{"Flatness 0.5"});
-  EXPECT_EQ(messages(), Strings{});
+  RtPoint points[] = {{1, 2, 3}};
+  RiTransformPoints(RI_CAMERA, RI_WORLD, 1, points);
+  EXPECT_EQ(lines(), (Strings{"Backface 0", "Backface 0", "Backface 1", "ShadingModel 1280",
+                              "ShadingModel 1281", "Orientation 1536", "Orientation 1539",
+                              "Orientation 1540", "ObjectName \"teapot\"", "GroupName null",
+                              "Flatness 0.5", "ProjectPoints 34 35 1 [1,2,3]"}));
+  EXPECT_EQ(
+      messages(),
+      (Strings{"error: Parameter out of range. RiShadingInterpolation: unknown shading "
+               "interpolation \"paint\"",
+               "error: Parameter out of range. RiOrientation: unknown orientation \"world\"",
+               "error: Invalid token for request. undeclared token \"binding_test_sideways\""}));
 }
 
 TEST_F(AttributeCalls, BoundsAndColoursArePassedWhole) {
@@ -106,12 +96,6 @@ TEST_F(AttributeCalls, NewCoordinateSystemGetsAQuarkThenItsCode) {
   for (const ZelRecord& r : scene.records) written.push_back(describe(r));
   EXPECT_EQ(written, (Strings{"Quark \"binding_test_lamp\" " + code, "MarkSpace " + code,
                               "MarkSpace " + code, "MarkSpace 35"}));
-}
-
-TEST_F(AttributeCalls, TransformPointsNamesBothSpaces) {
-  RtPoint points[] = {{1, 2, 3}};
-  RiTransformPoints(RI_CAMERA, RI_WORLD, 1, points);
-  EXPECT_EQ(lines(), Strings{"ProjectPoints 34 35 1 [1,2,3]"});
 }
 
 }  // namespace

@@ -68,7 +68,10 @@ TEST_F(OptionCalls, DisplayTypeAndModeMustBeOfTheirKind) {
                      "\"binding_test_mode\""}));
 }
 
-TEST_F(OptionCalls, HiderNumberAndJitter) {
+// A hider has its number and jitter; limits tune with the last sizes; a
+// quantization knows colour and depth, and its name is set only once the type
+// has a record.
+TEST_F(OptionCalls, HiderLimitsAndQuantizeSendTheirNumbers) {
   RtInt on = 1;
   RtInt off = 0;
   RtToken jitter[] = {RI_JITTER};
@@ -78,13 +81,6 @@ TEST_F(OptionCalls, HiderNumberAndJitter) {
   RiHiderV(RI_PAINT, 1, jitter, jitterOn);
   RiHider(RI_HIDDEN, RI_JITTER, &off, RI_NULL);
   RiHiderV(text("binding_test_zbuffer"), 1, jitter, jitterOff);
-  EXPECT_EQ(lines(), (Strings{"Hider 0", "Hider 1025", "SampleJitter 0.5", "Hider 1024",
-                              "SampleJitter 0", "Hider 1024", "SampleJitter 0"}));
-  EXPECT_EQ(messages(), Strings{"error: Parameter out of range. RiHiderV: unknown hider type "
-                                "\"binding_test_zbuffer\", using hidden"});
-}
-
-TEST_F(OptionCalls, LimitsTuneWithTheLastSizes) {
   RtInt grid = 16;
   RtInt buckets[] = {8, 4};
   RtInt finer = 24;
@@ -95,20 +91,18 @@ TEST_F(OptionCalls, LimitsTuneWithTheLastSizes) {
   RiOptionV(RI_LIMITS, 0, nullptr, nullptr);
   RiOptionV(RI_JITTER, 2, both, bothValues);
   RiOptionV(text("binding_test_searchpath"), 0, nullptr, nullptr);
-  EXPECT_EQ(lines(), (Strings{"Tune 16 8 4", "Tune 24 8 4", "Tune 24 8 4"}));
-  EXPECT_EQ(messages(), Strings{});
-}
-
-TEST_F(OptionCalls, QuantizeKnowsColourAndDepth) {
   RiQuantize(RI_RGBA, 255, 0, 255, 0.5f);
   RiQuantize(RI_Z, 1024, 0, 2048, 0);
   RiQuantize(RI_RGB, 255, 0, 255, 0.5f);
   RiQuantize(text("binding_test_q"), 255, 0, 255, 0.5f);
-  EXPECT_EQ(lines(), (Strings{"ColorQuantize 255 0 255", "ColorJitter 0.5",
-                              "DepthQuantize 1024 0 2048", "DepthJitter 0"}));
-  // The name is set only once the type has a record.
+  EXPECT_EQ(lines(), (Strings{"Hider 0", "Hider 1025", "SampleJitter 0.5", "Hider 1024",
+                              "SampleJitter 0", "Hider 1024", "SampleJitter 0", "Tune 16 8 4",
+                              "Tune 24 8 4", "Tune 24 8 4", "ColorQuantize 255 0 255",
+                              "ColorJitter 0.5", "DepthQuantize 1024 0 2048", "DepthJitter 0"}));
   EXPECT_EQ(messages(),
-            (Strings{"error: Parameter out of range. RiQuantize: unknown quantization type \"rgb\"",
+            (Strings{"error: Parameter out of range. RiHiderV: unknown hider type "
+                     "\"binding_test_zbuffer\", using hidden",
+                     "error: Parameter out of range. RiQuantize: unknown quantization type \"rgb\"",
                      "error: Invalid token for request. undeclared token \"binding_test_q\""}));
 }
 

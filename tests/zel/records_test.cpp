@@ -161,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(EveryOperation, RecordLine, ::testing::ValuesIn(kCases)
 
 TEST_F(ZelTest, FileStartsWithTheHeader) {
   zelFlush();
-  EXPECT_EQ(fileText(path_),
+  EXPECT_EQ(readFile(path_),
             "{\"format\":\"ZEL\",\"version\":1,\"generator\":\"rib2zel " RIB2ZEL_VERSION "\"}\n");
   EXPECT_EQ(readZelFile(path_).generator, "rib2zel " RIB2ZEL_VERSION);
 }

@@ -25,11 +25,7 @@ std::vector<float> awkwardFloats() {
 
 TEST_F(ZelTest, FloatsReadBackToTheSameBits) {
   std::vector<float> values = awkwardFloats();
-  ZelParam info = {"P", 0x0001, 4, 3, static_cast<uint32_t>(values.size())};
-  uint16_t code = 0x0001;
-  RtPointer value = values.data();
-  _zelParameterInfo(1, &info);
-  _zelPolygonV(static_cast<int32_t>(values.size() / 3), 1, &code, &value);
+  writePolygon(values);
   _zelTranslate(values[2], values[3], values[4]);
 
   std::vector<ZelRecord> read = records();
