@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -203,37 +204,14 @@ TEST(ModernRequests, BlocksLeftOpenAreReportedAtTheEnd) {
 }
 
 TEST(ModernRequests, TheClassicReaderRefusesThemAsBefore) {
-  for (const char* word : {"Bxdf",
-                           "Pattern",
-                           "Light",
-                           "Integrator",
-                           "Displace",
-                           "DisplayFilter",
-                           "SampleFilter",
-                           "LightFilter",
-                           "Shader",
-                           "Camera",
-                           "CoordSysTransform",
-                           "ScopedCoordinateSystem",
-                           "ClippingPlane",
-                           "GeometricRepresentation",
-                           "DisplayChannel",
-                           "MakeBrickMap",
-                           "Resource",
-                           "ResourceBegin",
-                           "ResourceEnd",
-                           "IfBegin",
-                           "ElseIf",
-                           "Else",
-                           "IfEnd",
-                           "EditBegin",
-                           "EditEnd",
-                           "EditWorldBegin",
-                           "EditWorldEnd",
-                           "EditAttributeBegin",
-                           "EditAttributeEnd"}) {
-    expectCases({{(std::string(word) + " \"a\" Sphere 1 -1 1 360").c_str(),
-                  {"RIB error: undefined RIB request at line 1 '" + std::string(word) + "'"},
+  std::istringstream words(
+      "Bxdf Pattern Light Integrator Displace DisplayFilter SampleFilter LightFilter Shader "
+      "Camera CoordSysTransform ScopedCoordinateSystem ClippingPlane GeometricRepresentation "
+      "DisplayChannel MakeBrickMap Resource ResourceBegin ResourceEnd IfBegin ElseIf Else IfEnd "
+      "EditBegin EditEnd EditWorldBegin EditWorldEnd EditAttributeBegin EditAttributeEnd");
+  for (std::string word; words >> word;) {
+    expectCases({{(word + " \"a\" Sphere 1 -1 1 360").c_str(),
+                  {"RIB error: undefined RIB request at line 1 '" + word + "'"},
                   {"SphereV 1 -1 1 360 |"}}},
                 false);
   }
