@@ -1,5 +1,6 @@
 // Each operation writes exactly one line, with its arguments in the
-// boundary's order and the JSON form of their kind.
+// boundary's order and the JSON form of their kind, and the reader takes it
+// back; arrays go only as far as the counts before them reach.
 #include <functional>
 
 #include "tests/zel/zelfixture.h"
@@ -19,6 +20,15 @@ float gKnots[9] = {0, 0, 0, 0, 1, 1, 1, 1, 2};
 float gPoint1[3] = {1, 0, 0};
 float gPoint2[3] = {0, 1, 2};
 float gProjected[6] = {1, 2, 3, 4, 5, 6};
+int32_t gFaces[2] = {4, 3};
+int32_t gFaceIndices[7] = {0, 1, 2, 3, 3, 2, 4};
+const char* gTags[2] = {"crease", "vertexedit"};
+// One tag at 2 numbers, or two tags at 3: each record reads only its own.
+int32_t gNargs[6] = {2, 1, 0, 1, 0, 1};
+int32_t gIntargs[3] = {0, 1, 2};
+float gFloats[17] = {2.5f, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+const char* gStrings[2] = {"value", "extra"};
+int32_t gCode[8] = {1001, 1, 1000, 0, 0, 2, 0, 1};
 
 float filter(float, float, float, float) {
   return 0;
@@ -142,6 +152,24 @@ const Case kCases[] = {
      R"({"op":"Procedural","args":[true,[-1,1,-2,2,-3,3],true,null]})"},
     {"ErrorHandler", [] { _zelErrorHandler(0x0B0F, 0x0C00); },
      R"({"op":"ErrorHandler","args":[2831,3072]})"},
+    {"SubdivisionMeshV",
+     [] {
+       _zelSubdivisionMeshV("loop", 2, gFaces, gFaceIndices, 1, gTags, gNargs, gIntargs, gFloats, 0,
+                            nullptr, nullptr);
+     },
+     R"({"op":"SubdivisionMeshV","args":["loop",2,[4,3],[0,1,2,3,3,2,4],1,["crease"],[2,1],[0,1],[2.5]],"params":[]})"},
+    {"HierarchicalSubdivisionMeshV",
+     [] {
+       _zelHierarchicalSubdivisionMeshV("catmull-clark", 1, gFaces, gFaceIndices, 2, gTags, gNargs,
+                                        gIntargs, gFloats, gStrings, 0, nullptr, nullptr);
+     },
+     R"({"op":"HierarchicalSubdivisionMeshV","args":["catmull-clark",1,[4],[0,1,2,3],2,["crease","vertexedit"],[2,1,0,1,0,1],[0,1,2],[2.5],["value"]],"params":[]})"},
+    {"PointsV", [] { _zelPointsV(12, 0, nullptr, nullptr); },
+     R"({"op":"PointsV","args":[12],"params":[]})"},
+    {"CurvesV", [] { _zelCurvesV("cubic", 2, gFaces, "periodic", 0, nullptr, nullptr); },
+     R"({"op":"CurvesV","args":["cubic",2,[4,3],"periodic"],"params":[]})"},
+    {"BlobbyV", [] { _zelBlobbyV(2, 8, gCode, 17, gFloats, 1, gStrings, 0, nullptr, nullptr); },
+     R"({"op":"BlobbyV","args":[2,8,[1001,1,1000,0,0,2,0,1],17,[2.5,1,0,0,0,0,1,0,0,0,0,1,0,0,0,0,1],1,["value"]],"params":[]})"},
 };
 
 void PrintTo(const Case& call, std::ostream* out) {
@@ -150,9 +178,11 @@ void PrintTo(const Case& call, std::ostream* out) {
 
 class RecordLine : public ZelTest, public ::testing::WithParamInterface<Case> {};
 
-TEST_P(RecordLine, IsWrittenExactly) {
+TEST_P(RecordLine, IsWrittenExactlyAndReadBack) {
   GetParam().call();
   EXPECT_EQ(recordLines(), std::vector<std::string>{GetParam().line});
+  const std::string op = records().at(0).op;
+  EXPECT_EQ(std::string(GetParam().line).rfind("{\"op\":\"" + op + "\",", 0), 0u) << op;
   EXPECT_TRUE(gReportLines.empty());
 }
 
