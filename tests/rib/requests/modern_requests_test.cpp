@@ -169,7 +169,8 @@ TEST(ModernRequests, TheClassicReaderRefusesThemAsBefore) {
       "Bxdf Pattern Light Integrator Displace DisplayFilter SampleFilter LightFilter Shader "
       "Camera CoordSysTransform ScopedCoordinateSystem ClippingPlane GeometricRepresentation "
       "DisplayChannel MakeBrickMap Resource ResourceBegin ResourceEnd IfBegin ElseIf Else IfEnd "
-      "EditBegin EditEnd EditWorldBegin EditWorldEnd EditAttributeBegin EditAttributeEnd");
+      "EditBegin EditEnd EditWorldBegin EditWorldEnd EditAttributeBegin EditAttributeEnd "
+      "HierarchicalSubdivisionMesh");
   for (std::string word; words >> word;) {
     expectCases({{(word + " \"a\" Sphere 1 -1 1 360").c_str(),
                   {"RIB error: undefined RIB request at line 1 '" + word + "'"},
