@@ -2,7 +2,6 @@
 // become codes, and what the library has no place for is reported.
 #include <vector>
 
-#include "interface/token.h"
 #include "tests/interface/ri_scene.h"
 
 namespace {
@@ -56,21 +55,6 @@ TEST_F(AttributeCalls, GeometricApproximationKnowsOnlyFlatness) {
   RiGeometricApproximation(text("binding_test_motionfactor"), 2);
   EXPECT_EQ(lines(), Strings{"Flatness 0.5"});
   EXPECT_EQ(messages(), Strings{});
-}
-
-TEST_F(AttributeCalls, NewCoordinateSystemGetsAQuarkThenItsCode) {
-  RiCoordinateSystem(text("binding_test_lamp"));
-  RiCoordinateSystem(text("binding_test_lamp"));
-  RiCoordinateSystem(RI_WORLD);
-  ZelFile scene = readScene();
-
-  Token* record = find("binding_test_lamp");
-  ASSERT_NE(record, nullptr);
-  const std::string code = std::to_string(record->code);
-  Strings written;
-  for (const ZelRecord& r : scene.records) written.push_back(describe(r));
-  EXPECT_EQ(written, (Strings{"Quark \"binding_test_lamp\" " + code, "MarkSpace " + code,
-                              "MarkSpace " + code, "MarkSpace 35"}));
 }
 
 // The golden scenes hold the other transforms.

@@ -1,5 +1,7 @@
-// Polygons, patches and the later primitives: every value reaches the scene
-// whole, counted by the primitive's shape, and no further.
+// Meshes counted by the basis steps, which no graphics state holds, and the
+// later primitives: every value reaches the scene whole, counted by the
+// primitive's shape, and no further. The golden scenes hold the polygons,
+// patches and NURBS, and the count tests each formula.
 #include <vector>
 
 #include "interface/ri_paramcounts.h"
@@ -17,26 +19,6 @@ class GeometryCalls : public RiSceneTest {
     RiSceneTest::TearDown();
   }
 };
-
-// "Np" is uniform: one normal per polygon; "st" has size 2; a mesh's points
-// reach its highest index.
-TEST_F(GeometryCalls, PolygonValuesAreCountedByItsVertices) {
-  RtPoint square[4] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
-  RtColor red = {1, 0, 0};
-  RtFloat st[8] = {0, 0, 1, 0, 1, 1, 0, 1};
-  RiPolygon(4, RI_P, square, RI_NP, red, RI_ST, st, RI_NULL);
-  RtInt nverts[] = {3};
-  RtInt verts[] = {0, 1, 7};
-  RtPoint points[8] = {};
-  points[7][2] = 5;
-  RtToken tokens[] = {RI_P};
-  RtPointer values[] = {points};
-  RiPointsPolygonsV(1, nverts, verts, 1, tokens, values);
-  EXPECT_EQ(lines(), (Strings{"PolygonV 4 {1 P 4 3 12 [0,0,0,1,0,0,1,1,0,0,1,0]} "
-                              "{5 Np 4 1 3 [1,0,0]} {65304 st 1 2 8 [0,0,1,0,1,1,0,1]}",
-                              "PolygonMeshV 1 [3] [0,1,7] {1 P 4 3 24 "
-                              "[0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,5]}"}));
-}
 
 TEST_F(GeometryCalls, PatchMeshDividesByTheStepsOfTheLastBasis) {
   RiBasis(RiBSplineBasis, 1, RiBSplineBasis, 1);
@@ -57,35 +39,6 @@ TEST_F(GeometryCalls, PatchMeshDividesByTheStepsOfTheLastBasis) {
   EXPECT_EQ(ops[4].params[2].count, 54);  // varying: 6 by 3 corners, 3 numbers each
   ops[4].params.clear();
   EXPECT_EQ(describe(ops[4]), "PatchMeshV 1793 6 2560 5 2561");
-}
-
-// The patch type decides the corners; NURBS and general polygons count
-// their points ("Pw" has size 4).
-TEST_F(GeometryCalls, PatchesNurbsAndGeneralPolygonsCountTheirPoints) {
-  std::vector<RtFloat> points(16 * 3);
-  RtToken tokens[] = {RI_P};
-  RtPointer values[] = {points.data()};
-  RiPatchV(RI_BICUBIC, 1, tokens, values);
-  RiPatch(RI_BILINEAR, RI_P, points.data(), RI_NULL);
-  RtFloat knots[] = {0, 0, 1, 1};
-  std::vector<RtFloat> pw(16, 1.0f);
-  RtToken pwToken[] = {RI_PW};
-  RtPointer pwValue[] = {pw.data()};
-  RiNuPatchV(2, 2, knots, 0, 1, 2, 2, knots, 0, 1, 1, pwToken, pwValue);
-  RtInt loops[] = {4, 3};
-  RiGeneralPolygonV(2, loops, 1, tokens, values);
-
-  std::vector<ZelRecord> ops = operations();
-  ASSERT_EQ(ops.size(), 4u);
-  const std::string args[] = {"PatchV 1793", "PatchV 1792",
-                              "NurbMeshV 2 2 [0,0,1,1] 0 1 2 2 [0,0,1,1] 0 1",
-                              "GeneralPolygonV 2 [4,3]"};
-  const int64_t counts[] = {48, 12, 16, 21};
-  for (size_t i = 0; i < 4; ++i) {
-    EXPECT_EQ(ops[i].params.at(0).count, counts[i]);
-    ops[i].params.clear();
-    EXPECT_EQ(describe(ops[i]), args[i]);
-  }
 }
 
 // The later primitives count by their shape too, cubic curves by the v step of
