@@ -75,4 +75,12 @@ TEST_F(GeometryCalls, LaterPrimitivesCountEachValueByTheShape) {
                          w + "5 [1,2,3,4,5]}"}));
 }
 
+TEST_F(GeometryCalls, PlainFormsCollectTheirLists) {
+  RtPoint square[4] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
+  RiPolygon(4, RI_P, square, RI_NULL);
+  RiPatch(RI_BILINEAR, RI_P, square, RI_NULL);
+  const std::string p = " {1 P 4 3 12 [0,0,0,1,0,0,1,1,0,0,1,0]}";
+  EXPECT_EQ(lines(), (Strings{"PolygonV 4" + p, "PatchV 1792" + p}));
+}
+
 }  // namespace

@@ -61,4 +61,13 @@ TEST_F(ShaderCalls, ShaderParametersCountOneElementOfTheirSize) {
                              "[\"grid.tx\"]}"});
 }
 
+TEST_F(ShaderCalls, PlainFormsCollectTheirLists) {
+  RtFloat ka = 0.25f;
+  RiIlluminate(RiLightSource(RI_AMBIENTLIGHT, RI_KA, &ka, RI_NULL), 0);
+  RiSurface(RI_METAL, RI_KA, &ka, RI_NULL);
+  RiExterior(text("fog"), RI_KA, &ka, RI_NULL);
+  EXPECT_EQ(lines(), (Strings{"LightSourceV 17 {12 Ka 1 1 1 [0.25]}", "LightSwitch 1 0",
+                              "SurfaceV 10 {12 Ka 1 1 1 [0.25]}"}));
+}
+
 }  // namespace
