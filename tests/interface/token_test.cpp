@@ -115,6 +115,10 @@ TEST(TokenDictionary, RecordsStayPutWhileManyMoreAreDeclared) {
   EXPECT_EQ(first->code, 0x7100);
   EXPECT_EQ(first->type, TypeColor);
   EXPECT_EQ(first->tokenClass, ClassVarying);
+  // The names spread over every bucket of the dictionary's 111.
+  const Hash<Token>& dictionary = tokenDictionary();
+  ASSERT_EQ(dictionary.size, 111);
+  for (int32_t i = 0; i < dictionary.size; ++i) EXPECT_NE(dictionary.table[i], nullptr) << i;
 }
 
 // A record pointer is taken as it is, without a lookup; text is looked up
