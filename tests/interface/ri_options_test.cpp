@@ -106,26 +106,4 @@ TEST_F(OptionCalls, HiderLimitsAndQuantizeSendTheirNumbers) {
                      "error: Invalid token for request. undeclared token \"binding_test_q\""}));
 }
 
-TEST_F(OptionCalls, PlainOptionsAreForwardedUnchanged) {
-  RtFloat nRGB[] = {1, 0, 0, 0, 1, 0};
-  RtFloat RGBn[] = {1, 0, 0, 1, 0, 0};
-  RiFrameBegin(7);
-  RiFrameAspectRatio(1.5f);
-  RiScreenWindow(-1, 1, -0.75f, 0.75f);
-  RiCropWindow(0, 0.5f, 0.25f, 1);
-  RiClipping(0.1f, 1000);
-  RiPixelVariance(0.01f);
-  RiPixelSamples(2, 3);
-  RiExposure(1.5f, 2.2f);
-  RiColorSamples(2, nRGB, RGBn);
-  RiWorldBegin();
-  RiWorldEnd();
-  RiFrameEnd();
-  EXPECT_EQ(lines(), (Strings{"FrameBegin", "ImageAspect 1.5", "ImageWindow -1 1 -0.75 0.75",
-                              "ImageCrop 0 0.5 0.25 1", "Clip 0.1 1000", "SampleAdaptive 0.01",
-                              "SampleUniform 2 3", "ColorGain 1.5", "ColorGamma 2.2",
-                              "ColorSpace 2 [1,0,0,0,1,0] [1,0,0,1,0,0]", "SceneBegin", "SceneEnd",
-                              "FrameEnd"}));
-}
-
 }  // namespace

@@ -118,17 +118,4 @@ TEST_F(ZelTest, ParameterValuesOfEveryTypeComeBack) {
   EXPECT_TRUE(gReportLines.empty());
 }
 
-TEST_F(ZelTest, ParameterLineIsWrittenExactly) {
-  std::vector<int32_t> origin = {10, 20};
-  ZelParam info = {"origin", 0xFF15, 2, 1, 2};
-  uint16_t code = 0xFF15;
-  RtPointer value = origin.data();
-  _zelParameterInfo(1, &info);
-  _zelDiskV(0, 1, 360, 1, &code, &value);
-  EXPECT_EQ(recordLines(),
-            std::vector<std::string>{
-                R"({"op":"DiskV","args":[0,1,360],"params":[{"code":65301,"name":"origin",)"
-                R"("type":2,"class":1,"count":2,"values":[10,20]}]})"});
-}
-
 }  // namespace
