@@ -17,14 +17,8 @@ char* const kNoMore = nullptr;
 
 void extendedrib::Points() {
   tokenvalue params;
-  if (!match(params, 0)) return;
-  const int32_t p = indexOf(params, RI_P);
-  if (p < 0) {
-    lex.RIBError(kRibBadValue, kRibError, "'P' argument is required");
-    return;
-  }
-  const int32_t n = params.sizes.data[p];
-  if (!verify(params, 1, n, n, RI_P, kNoMore)) return;
+  int32_t n;
+  if (!matchPointsList(params, n)) return;
   RiPointsV(n, listCount(params), params.tokens.data, params.values.data);
 }
 

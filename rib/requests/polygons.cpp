@@ -35,17 +35,23 @@ int16_t pointCount(lexanrib& lex, const Array<int32_t>& verts, int32_t n, int64_
   return 1;
 }
 
-// The vertex count of a polygon is the number of points in "P".
-void rendrib::Polygon() {
-  tokenvalue params;
-  if (!match(params, 0)) return;
+// A list whose "P" gives the point count: a polygon's vertices, a point
+// cloud's points. One uniform value; varying and vertex values one a point.
+int16_t rendrib::matchPointsList(tokenvalue& params, int32_t& n) {
+  if (!match(params, 0)) return 0;
   const int32_t p = indexOf(params, RI_P);
   if (p < 0) {
     lex.RIBError(kRibBadValue, kRibError, "'P' argument is required");
-    return;
+    return 0;
   }
-  const int32_t n = params.sizes.data[p];
-  if (!verify(params, 1, n, n, RI_P, kNoMore)) return;
+  n = params.sizes.data[p];
+  return verify(params, 1, n, n, RI_P, kNoMore);
+}
+
+void rendrib::Polygon() {
+  tokenvalue params;
+  int32_t n;
+  if (!matchPointsList(params, n)) return;
   RiPolygonV(n, listCount(params), params.tokens.data, params.values.data);
 }
 

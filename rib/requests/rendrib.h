@@ -161,6 +161,8 @@ class rendrib : public parserib {
   int16_t fitCount(int64_t value, int32_t& count);
   int16_t verifyFaces(const tokenvalue& params, int32_t npolys, int32_t points,
                       int32_t faceVertexCount);
+  // A list that must hold "P", whose size is the point count `n` (polygons.cpp).
+  int16_t matchPointsList(tokenvalue& params, int32_t& n);
 
   // The light and object number tables (attributes_lights.cpp).
   void registerNumber(int32_t number, uint16_t& last, const HandleWords& words);

@@ -72,7 +72,7 @@ TEST(Conversion, StoppedMidwayKeepsTheWholeRecordsWrittenSoFar) {
         EXPECT_FALSE(conv.step());
       }
     }
-    lines ops = sceneops(readfile(dir.file("out.zel")));
+    lines ops = sceneops(readFile(dir.file("out.zel")));
     EXPECT_EQ(ops.size(), 3000u) << "SceneBegin and 2999 spheres";
     EXPECT_EQ(ops.back(), "SphereV");
   }
@@ -92,6 +92,6 @@ TEST(Conversion, TheRiLayerKeepsItsStateForTheNextConversion) {
     }
     EXPECT_STREQ(conv.statusText(), "Success.");
   }
-  lines ops = sceneops(readfile(dir.file("out.zel")));
+  lines ops = sceneops(readFile(dir.file("out.zel")));
   EXPECT_NE(std::find(ops.begin(), ops.end(), "SurfaceV"), ops.end());
 }

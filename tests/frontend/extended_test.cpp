@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <cstdlib>
 #include <map>
 #include <string>
 #include <vector>
@@ -27,7 +26,7 @@ struct converted {
 // for in which file depends on the conversions before.
 lines records(const std::string& zel) {
   lines kept;
-  for (const std::string& line : splitlines(zel)) {
+  for (const std::string& line : splitLines(zel)) {
     if (line.rfind("{\"op\":\"Quark\"", 0) != 0) kept.push_back(line);
   }
   return kept;
@@ -50,13 +49,12 @@ converted convertIn(const scratchdir& dir, const files& all, bool extended = tru
   EXPECT_TRUE(conv.open());
   while (conv.step()) {
   }
-  c.zel = readfile(dir.file("out.zel"));
+  c.zel = readFile(dir.file("out.zel"));
   return c;
 }
 
 std::string example(const std::string& name) {
-  const char* source = std::getenv("RZ_SOURCE_DIR");
-  return readfile(fs::path(source ? source : ".") / "examples" / name);
+  return readFile(sourcePath("examples/" + name));
 }
 
 // The text up to the first request line at or after the middle, and the rest.

@@ -110,7 +110,7 @@ TEST(Rib2zelBatch, MirrorsFoldersAndWritesWhatSingleConversionsWrite) {
     EXPECT_EQ(r.status, 1);
     for (const auto& f : files) {
       runrib2zel(dir, {"shot/" + std::string(f.rib), "single.zel"});
-      EXPECT_EQ(readfile("out" + jobs + "/" + f.scene), readfile("single.zel")) << f.scene;
+      EXPECT_EQ(readFile("out" + jobs + "/" + f.scene), readFile("single.zel")) << f.scene;
     }
     EXPECT_EQ(std::distance(fs::recursive_directory_iterator("out" + jobs), {}), 6);
   }
@@ -176,7 +176,7 @@ TEST(Rib2zelBatch, StopsEveryConversionOnASignal) {
               sorted({"a.rib: Conversion cancelled.", "b.rib: Conversion cancelled.",
                       "Interrupted: a.rib", "Interrupted: b.rib", r.errLines.back()}));
     for (const char* scene : {"out/a.zel", "out/b.zel"}) {
-      EXPECT_NO_THROW(sceneops(readfile(scene))) << scene;
+      EXPECT_NO_THROW(sceneops(readFile(scene))) << scene;
     }
     fs::remove_all("out");
   }

@@ -34,7 +34,7 @@ bool waitForRecords(const fs::path& scene) {
 void expectCancelled(const runresult& r, const fs::path& scene) {
   EXPECT_EQ(r.status, 130);
   EXPECT_EQ(r.errLines, std::vector<std::string>{"Conversion cancelled."});
-  std::string text = readfile(scene);
+  std::string text = readFile(scene);
   ASSERT_FALSE(text.empty());
   EXPECT_EQ(text.back(), '\n');
   std::vector<std::string> ops = sceneops(text);  // throws on a broken record
@@ -55,7 +55,7 @@ TEST(Rib2zelInterrupt, StopsALargeFileBetweenTwoStatements) {
   kill(p.pid(), SIGINT);
   runresult r = p.wait();
   expectCancelled(r, scene);
-  EXPECT_LT(sceneops(readfile(scene)).size(), 400000u) << "finished before the interrupt";
+  EXPECT_LT(sceneops(readFile(scene)).size(), 400000u) << "finished before the interrupt";
 }
 
 TEST(Rib2zelInterrupt, StopsWhileStandardInputKeepsComing) {
@@ -98,7 +98,7 @@ TEST(Rib2zelWaysOut, EachEndsOnAWholeRecord) {
   const struct {
     std::string rib;  // or, when empty, /dev/zero: one endless token
     int signal;
-    childlimits limits;
+    std::pair<rlim_t, rlim_t> limits;  // file size, data
     std::string output;
     int status;
     std::string lastLine;
@@ -143,7 +143,8 @@ TEST(Rib2zelWaysOut, EachEndsOnAWholeRecord) {
   for (const auto& way : ways) {
     SCOPED_TRACE(way.lastLine);
     const fs::path in = way.rib.empty() ? "/dev/zero" : dir.write("in.rib", way.rib);
-    rib2zelprocess p(dir, {in.string(), way.output}, "", false, way.limits);
+    rib2zelprocess p(dir, {in.string(), way.output}, "", false, way.limits.first,
+                     way.limits.second);
     if (way.signal != 0) {
       if (way.rib.empty()) {
         std::this_thread::sleep_for(300ms);
@@ -157,7 +158,7 @@ TEST(Rib2zelWaysOut, EachEndsOnAWholeRecord) {
     ASSERT_FALSE(r.errLines.empty());
     EXPECT_EQ(r.errLines.back(), way.lastLine);
     if (way.output != scene) continue;
-    const std::string text = readfile(scene);
+    const std::string text = readFile(scene);
     ASSERT_FALSE(text.empty());
     EXPECT_EQ(text.back(), '\n');
     std::vector<std::string> ops;

@@ -28,7 +28,7 @@ runresult convertFile(const scratchdir& dir, const std::string& rib,
   std::vector<std::string> args = extra;
   args.push_back(in);
   runresult r = runrib2zel(dir, args);
-  r.out = readfile(dir.file("in.zel"));
+  r.out = readFile(dir.file("in.zel"));
   return r;
 }
 
@@ -117,7 +117,7 @@ TEST(Rib2zel, FailsOnInputOrOutputThatCannotBeUsed) {
     EXPECT_EQ(r.errLines, c.errLines);
   }
   EXPECT_FALSE(fs::exists(dir.file("none.zel")));
-  EXPECT_EQ(readfile(zel), kGood);
+  EXPECT_EQ(readFile(zel), kGood);
 }
 
 TEST(Rib2zel, ConvertsStandardInputToStandardOutput) {
@@ -137,11 +137,11 @@ TEST(Rib2zel, ReadsCompressedInputFromAFileAndFromStandardInput) {
   runresult fromFile = runrib2zel(dir, {in});
   EXPECT_EQ(fromFile.status, 1);
   EXPECT_EQ(fromFile.errLines, (lines{kBogusLine, "There are warning/error messages."}));
-  EXPECT_EQ(sceneops(readfile(dir.file("scene.zel"))), kGoodOps);
+  EXPECT_EQ(sceneops(readFile(dir.file("scene.zel"))), kGoodOps);
 
   runresult fromStdin = runrib2zel(dir, {"-", "-"}, &gz);
   EXPECT_EQ(fromStdin.errLines, fromFile.errLines);
-  EXPECT_EQ(fromStdin.out, readfile(dir.file("scene.zel")));
+  EXPECT_EQ(fromStdin.out, readFile(dir.file("scene.zel")));
 }
 
 TEST(Rib2zel, AnswersHelpVersionAndUsageErrors) {

@@ -3,20 +3,15 @@
 // file, from nothing, or from a pipe that the test writes to.
 #pragma once
 
-#include <sys/resource.h>
-#include <sys/types.h>
-
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "tests/support/childprocess.h"
+#include "tests/support/files.h"
 #include "tests/support/scratchdir.h"
 
 namespace fs = std::filesystem;
-
-std::string readfile(const fs::path& p);
-// Splits text at "\n"; a missing final line end leaves the last piece in too.
-std::vector<std::string> splitlines(const std::string& text);
 
 struct runresult {
   int status = -1;  // exit status, or 128 + signal number
@@ -25,33 +20,23 @@ struct runresult {
   std::string out;
 };
 
-// Limits set in the child before it runs rib2zel; 0 for none. The signals
-// keep their default actions, as under a shell's ulimit.
-struct childlimits {
-  rlim_t fileSize = 0;  // RLIMIT_FSIZE, bytes
-  rlim_t data = 0;      // RLIMIT_DATA, bytes
-};
-
 class rib2zelprocess {
  public:
   // stdinPath empty: standard input is /dev/null. stdinPipe: the test writes.
   rib2zelprocess(const scratchdir& dir, const std::vector<std::string>& args,
                  const std::string& stdinPath = "", bool stdinPipe = false,
-                 childlimits limits = {});
-  ~rib2zelprocess();
+                 rlim_t fileSizeLimit = 0, rlim_t dataLimit = 0);
 
-  pid_t pid() const { return pid_; }
-  // The write end of standard input when stdinPipe was asked for, else -1.
-  int stdinFd() const { return stdinFd_; }
-  void closeStdin();
+  pid_t pid() const { return child_.pid(); }
+  int stdinFd() const { return child_.stdinFd(); }
+  void closeStdin() { child_.closeStdin(); }
   // Waits for the end and collects the outputs. Standard input stays open.
   runresult wait();
 
  private:
-  pid_t pid_ = -1;
-  int stdinFd_ = -1;
   fs::path outPath_;
   fs::path errPath_;
+  childprocess child_;
 };
 
 // Runs to the end. stdinData, when given, is what standard input holds.

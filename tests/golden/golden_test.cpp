@@ -1,19 +1,22 @@
 // Golden scenes: every example converts to its checked-in ZEL file, and all of
-// its encodings give the same records. RZ_UPDATE_GOLDEN=1 rewrites the golden
-// files instead of comparing (see tests/golden/README.md).
+// its encodings give the same records; and each case of the extended reader (a
+// main file with its archives, see extended/cases.txt) converts with
+// --extended to its ZEL file and messages. RZ_UPDATE_GOLDEN=1 rewrites the
+// golden files instead of comparing (see tests/golden/README.md).
 #include <gtest/gtest.h>
-#include <unistd.h>
 #include <zlib.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "tests/golden/runprogram.h"
 #include "tests/golden/samerecords.h"
+#include "tests/support/childprocess.h"
+#include "tests/support/files.h"
+#include "tests/support/scratchdir.h"
 
 namespace golden {
 namespace {
@@ -22,13 +25,15 @@ namespace fs = std::filesystem;
 
 const std::string kSource = RZ_SOURCE_DIR_PATH;
 
-std::vector<std::string> sceneNames() {
-  std::vector<std::string> names;
-  std::ifstream list(kSource + "/tests/golden/scenes.txt");
-  for (std::string line; std::getline(list, line);) {
-    if (!line.empty() && line[0] != '#') names.push_back(line);
+const std::string kCases = kSource + "/tests/golden/extended/";
+
+// The lines of a list in this folder, comments and empty lines left out.
+std::vector<std::string> listed(const std::string& name) {
+  std::vector<std::string> lines;
+  for (const std::string& line : splitLines(readFile(kSource + "/tests/golden/" + name))) {
+    if (!line.empty() && line[0] != '#') lines.push_back(line);
   }
-  return names;
+  return lines;
 }
 
 std::string example(const std::string& scene, const char* suffix) {
@@ -57,29 +62,17 @@ std::string gunzip(const std::string& path) {
 
 class Golden : public testing::TestWithParam<std::string> {
  protected:
-  void SetUp() override {
-    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = info->name();  // "Test/scene"
-    std::replace(name.begin(), name.end(), '/', '_');
-    dir_ = (fs::temp_directory_path() / ("rz-golden-" + std::to_string(getpid()) + "-" + name))
-               .string();
-    fs::create_directories(dir_);
-  }
-  void TearDown() override { fs::remove_all(dir_); }
-
   std::string scene() const { return GetParam(); }
-  std::string temp(const std::string& name) const { return dir_ + "/" + name; }
+  std::string temp(const std::string& name) const { return dir_.file(name).string(); }
 
   // Converts `input` (read through standard input when `viaStdin`) into a ZEL
   // file in the test's directory, expecting a clean conversion: exit status 0
   // and "Success." as the only message.
   std::string convert(const std::string& input, bool viaStdin = false) {
     std::string zel = temp("out.zel");
-    ProgramRun run;
-    run.argv = {RZ_RIB2ZEL, viaStdin ? "-" : input, zel};
-    if (viaStdin) run.stdinPath = input;
-    run.stderrPath = temp("messages.txt");
-    int status = runProgram(run);
+    childrequest run{
+        {RZ_RIB2ZEL, viaStdin ? "-" : input, zel}, viaStdin ? input : "", "", temp("messages.txt")};
+    int status = runprogram(run);
     std::string messages = readFile(run.stderrPath);
     EXPECT_EQ(status, 0) << input << ":\n" << messages;
     EXPECT_EQ(messages, "Success.\n") << input;
@@ -88,13 +81,13 @@ class Golden : public testing::TestWithParam<std::string> {
 
   std::string encode(const std::string& form) {
     std::string ribb = temp(form + ".ribb");
-    ProgramRun run{{RZ_RIB2BIN, "--define-as", form, example(scene(), ".rib"), ribb}, "", "", ""};
-    EXPECT_EQ(runProgram(run), 0) << "rib2bin --define-as " << form;
+    EXPECT_EQ(runprogram({{RZ_RIB2BIN, "--define-as", form, example(scene(), ".rib"), ribb}}), 0)
+        << "rib2bin --define-as " << form;
     return ribb;
   }
 
  private:
-  std::string dir_;
+  scratchdir dir_;
 };
 
 TEST_P(Golden, AsciiMatchesGoldenFile) {
@@ -105,7 +98,7 @@ TEST_P(Golden, AsciiMatchesGoldenFile) {
     std::printf("rewrote %s\n", goldenFile(scene()).c_str());
     return;
   }
-  ASSERT_TRUE(fileExists(goldenFile(scene())))
+  ASSERT_TRUE(fs::exists(goldenFile(scene())))
       << goldenFile(scene()) << " is missing; see tests/golden/README.md";
   EXPECT_TRUE(sameRecords(zel, goldenFile(scene())));
 }
@@ -138,8 +131,37 @@ TEST_P(Golden, StoredFormsAreUpToDate) {
   EXPECT_EQ(gunzip(example(scene(), ".rib.gz")), ascii) << "run tools/make-examples.sh " << scene();
 }
 
-INSTANTIATE_TEST_SUITE_P(Scenes, Golden, testing::ValuesIn(sceneNames()),
+INSTANTIATE_TEST_SUITE_P(Scenes, Golden, testing::ValuesIn(listed("scenes.txt")),
                          [](const auto& info) { return info.param; });
+
+TEST(GoldenExtended, EachCaseGivesItsSceneAndMessages) {
+  const scratchdir dir;
+  for (const std::string& line : listed("extended/cases.txt")) {
+    std::istringstream words(line);
+    std::string name, main, form;
+    ASSERT_TRUE(words >> name >> main) << line;
+    SCOPED_TRACE(name);
+    const std::string zel = dir.file(name + ".zel").string();
+    const childrequest run{
+        {RZ_RIB2ZEL, "--extended", kSource + "/" + main, zel}, "", "", dir.file("messages.txt")};
+    runprogram(run);
+    const std::string expected = kCases + name + ".messages";
+    const std::string messages = fs::exists(expected) ? readFile(expected) : "Success.\n";
+    EXPECT_EQ(readFile(run.stderrPath), messages);
+    if (updating()) {
+      fs::copy_file(zel, kCases + name + ".zel", fs::copy_options::overwrite_existing);
+    } else {
+      EXPECT_TRUE(sameRecords(zel, kCases + name + ".zel"));
+    }
+    // "binary": the file's binary form (rib2bin) gives the same scene too.
+    if (!(words >> form) || form != "binary") continue;
+    const std::string ribb = dir.file(name + ".ribb").string();
+    ASSERT_EQ(runprogram({{RZ_RIB2BIN, kSource + "/" + main, ribb}}), 0) << "rib2bin " << main;
+    runprogram({{RZ_RIB2ZEL, "--extended", ribb, zel}, "", "", run.stderrPath});
+    EXPECT_EQ(readFile(run.stderrPath), messages) << "binary";
+    EXPECT_TRUE(sameRecords(zel, kCases + name + ".zel")) << "binary";
+  }
+}
 
 }  // namespace
 }  // namespace golden

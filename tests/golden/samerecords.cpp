@@ -5,7 +5,7 @@
 #include <sstream>
 #include <vector>
 
-#include "tests/golden/runprogram.h"
+#include "tests/support/files.h"
 #include "zel/reader/zelreader.h"
 
 namespace golden {

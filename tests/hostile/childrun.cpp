@@ -1,42 +1,17 @@
 #include "tests/hostile/childrun.h"
 
-#include <fcntl.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
-#include <cstdio>
 #include <cstdlib>
-#include <stdexcept>
 #include <thread>
+
+#include "tests/support/childprocess.h"
 
 namespace {
 
 constexpr size_t kChunk = 1 << 16;
 constexpr size_t kKeptLines = 50;
-
-// Everything the child needs is built before fork: only async-signal-safe
-// calls come between fork and exec.
-[[noreturn]] void execChild(char* const* argv, int in, int out, int err,
-                            const childoptions& options) {
-  dup2(in, STDIN_FILENO);
-  dup2(out, STDOUT_FILENO);
-  dup2(err, STDERR_FILENO);
-  if (options.fileSizeLimit != 0) {
-    rlimit limit{options.fileSizeLimit, options.fileSizeLimit};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    // Without this the write beyond the limit kills the process instead of
-    // failing.
-    signal(SIGXFSZ, SIG_IGN);
-  }
-  if (options.dataLimit != 0) {
-    rlimit limit{options.dataLimit, options.dataLimit};
-    setrlimit(RLIMIT_DATA, &limit);
-  }
-  execv(argv[0], argv);
-  _exit(127);
-}
 
 // Reads the child's standard error to its end, counting lines and keeping some.
 void collectLines(int fd, childresult& r) {
@@ -115,45 +90,25 @@ void feeder::flush() {
 }
 
 childresult runchild(const childoptions& options) {
-  // A child that stops reading early must not kill the test with SIGPIPE.
-  signal(SIGPIPE, SIG_IGN);
   setChildSanitizerOptions();
-  std::vector<std::string> words{RIB2ZEL_PATH};
-  words.insert(words.end(), options.args.begin(), options.args.end());
-  std::vector<char*> argv;
-  for (std::string& w : words) argv.push_back(w.data());
-  argv.push_back(nullptr);
-
-  int in[2], err[2];
-  if (pipe2(in, O_CLOEXEC) != 0 || pipe2(err, O_CLOEXEC) != 0) throw std::runtime_error("pipe");
-  int out = open(options.stdoutPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-  if (out < 0) throw std::runtime_error("cannot open " + options.stdoutPath);
-  pid_t pid = fork();
-  if (pid < 0) throw std::runtime_error("fork");
-  if (pid == 0) execChild(argv.data(), in[0], out, err[1], options);
-  close(in[0]);
-  close(err[1]);
-  close(out);
-
+  childrequest request{{RIB2ZEL_PATH}, "",   options.stdoutPath,    "",
+                       true,           true, options.fileSizeLimit, options.dataLimit};
+  request.argv.insert(request.argv.end(), options.args.begin(), options.args.end());
+  childprocess child(request);
   childresult r;
   std::thread writer([&] {
     {
-      feeder f(in[1]);
+      feeder f(child.stdinFd());
       if (options.input) options.input(f);
       f.flush();
       r.inputBytes = f.written();
     }
-    close(in[1]);
+    child.closeStdin();
   });
-  collectLines(err[0], r);
+  collectLines(child.stderrFd(), r);
   writer.join();
-  close(err[0]);
-
-  int status = 0;
   rusage usage{};
-  while (wait4(pid, &status, 0, &usage) < 0 && errno == EINTR) {
-  }
-  r.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  r.status = child.wait(&usage);
   r.peakKB = usage.ru_maxrss;
   r.cpuSeconds = usage.ru_utime.tv_sec + usage.ru_stime.tv_sec +
                  (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;

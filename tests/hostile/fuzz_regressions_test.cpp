@@ -4,22 +4,19 @@
 // that comes back shows as a crash or a sanitizer report here.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
 #include "fuzz/fuzzinput.h"
+#include "tests/support/files.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
 fs::path regressionsDir() {
-  const char* root = std::getenv("RZ_SOURCE_DIR");
-  return fs::path(root ? root : RZ_SOURCE_ROOT) / "fuzz" / "regressions";
+  return sourcePath("fuzz/regressions");
 }
 
 std::vector<fs::path> regressionInputs() {
@@ -30,17 +27,12 @@ std::vector<fs::path> regressionInputs() {
   return inputs;
 }
 
-std::string contents(const fs::path& p) {
-  std::ifstream in(p, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 TEST(FuzzRegressions, EveryKeptInputRunsThroughTheScannerAndAConversion) {
   const std::vector<fs::path> inputs = regressionInputs();
   ASSERT_FALSE(inputs.empty()) << "no inputs in " << regressionsDir();
   for (const fs::path& p : inputs) {
     SCOPED_TRACE(p.filename().string());
-    const std::string bytes = contents(p);
+    const std::string bytes = readFile(p);
     const auto* data = reinterpret_cast<const uint8_t*>(bytes.data());
     fuzzinput::scan(data, bytes.size());
     fuzzinput::convert(data, bytes.size());

@@ -5,15 +5,12 @@
 // resident memory it observed above that of an empty conversion.
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "tests/hostile/childrun.h"
+#include "tests/support/files.h"
+#include "tests/support/scratchdir.h"
 
 namespace {
 
@@ -187,9 +184,8 @@ TEST(HostileSizes, ATokenBeyondTheMemoryLimitIsReadInBoundedMemory) {
 #ifdef __SANITIZE_ADDRESS__
   GTEST_SKIP() << "the sanitizer's own reservations do not fit a data limit";
 #endif
-  const std::string out = (std::filesystem::temp_directory_path() /
-                           ("rib2zel-limit-" + std::to_string(getpid()) + ".zel"))
-                              .string();
+  const scratchdir dir;
+  const std::string out = dir.file("out.zel").string();
   childoptions options{{"-", out}, [](feeder& f) {
                          f << "Surface \"";
                          f.repeat(std::string(4096, 'a'), (100ull << 20) / 4096);
@@ -200,10 +196,7 @@ TEST(HostileSizes, ATokenBeyondTheMemoryLimitIsReadInBoundedMemory) {
   reportPeak("a string of 100 MB in 64 MB of data", r);
   EXPECT_EQ(r.status, 0);
   EXPECT_EQ(r.errLines, std::vector<std::string>{"Success."});
-  std::ifstream in(out);
-  const std::string scene((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  std::filesystem::remove(out);
-  EXPECT_NE(scene.find("{\"op\":\"SphereV\""), std::string::npos);
+  EXPECT_NE(readFile(out).find("{\"op\":\"SphereV\""), std::string::npos);
 }
 
 // Every new name (a shader, a coordinate system) gets a code from the scene

@@ -76,14 +76,6 @@ TEST_F(ErrorCall, MessageIsTheNameAndTheTextCutToTheBuffer) {
   }
 }
 
-TEST_F(ErrorCall, WholeReportGoesThroughPrintToTheSink) {
-  setErrorFuncName("RiSphereV");
-  error(1, 3, "free store exhausted");
-  setErrorFuncName(nullptr);
-  ASSERT_EQ(lines().size(), 1u);
-  EXPECT_EQ(lines()[0], "severe error: Out of memory. RiSphereV: free store exhausted");
-}
-
 TEST_F(ErrorCall, StringIndexPastTheTerminatorIsReported) {
   String s("ab");
   EXPECT_EQ(&s[2], s.c_str() + 2);

@@ -1,5 +1,7 @@
-// Polygons and patches: every value reaches the scene whole, counted by the
-// primitive's shape, and no further.
+// Meshes counted by the basis steps, which no graphics state holds, and the
+// later primitives: every value reaches the scene whole, counted by the
+// primitive's shape, and no further. The golden scenes hold the polygons,
+// patches and NURBS, and the count tests each formula.
 #include <vector>
 
 #include "interface/ri_paramcounts.h"
@@ -17,26 +19,6 @@ class GeometryCalls : public RiSceneTest {
     RiSceneTest::TearDown();
   }
 };
-
-// "Np" is uniform: one normal per polygon; "st" has size 2; a mesh's points
-// reach its highest index.
-TEST_F(GeometryCalls, PolygonValuesAreCountedByItsVertices) {
-  RtPoint square[4] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
-  RtColor red = {1, 0, 0};
-  RtFloat st[8] = {0, 0, 1, 0, 1, 1, 0, 1};
-  RiPolygon(4, RI_P, square, RI_NP, red, RI_ST, st, RI_NULL);
-  RtInt nverts[] = {3};
-  RtInt verts[] = {0, 1, 7};
-  RtPoint points[8] = {};
-  points[7][2] = 5;
-  RtToken tokens[] = {RI_P};
-  RtPointer values[] = {points};
-  RiPointsPolygonsV(1, nverts, verts, 1, tokens, values);
-  EXPECT_EQ(lines(), (Strings{"PolygonV 4 {1 P 4 3 12 [0,0,0,1,0,0,1,1,0,0,1,0]} "
-                              "{5 Np 4 1 3 [1,0,0]} {65304 st 1 2 8 [0,0,1,0,1,1,0,1]}",
-                              "PolygonMeshV 1 [3] [0,1,7] {1 P 4 3 24 "
-                              "[0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,5]}"}));
-}
 
 TEST_F(GeometryCalls, PatchMeshDividesByTheStepsOfTheLastBasis) {
   RiBasis(RiBSplineBasis, 1, RiBSplineBasis, 1);
@@ -59,33 +41,46 @@ TEST_F(GeometryCalls, PatchMeshDividesByTheStepsOfTheLastBasis) {
   EXPECT_EQ(describe(ops[4]), "PatchMeshV 1793 6 2560 5 2561");
 }
 
-// The patch type decides the corners; NURBS and general polygons count
-// their points ("Pw" has size 4).
-TEST_F(GeometryCalls, PatchesNurbsAndGeneralPolygonsCountTheirPoints) {
-  std::vector<RtFloat> points(16 * 3);
-  RtToken tokens[] = {RI_P};
-  RtPointer values[] = {points.data()};
-  RiPatchV(RI_BICUBIC, 1, tokens, values);
-  RiPatch(RI_BILINEAR, RI_P, points.data(), RI_NULL);
-  RtFloat knots[] = {0, 0, 1, 1};
-  std::vector<RtFloat> pw(16, 1.0f);
-  RtToken pwToken[] = {RI_PW};
-  RtPointer pwValue[] = {pw.data()};
-  RiNuPatchV(2, 2, knots, 0, 1, 2, 2, knots, 0, 1, 1, pwToken, pwValue);
-  RtInt loops[] = {4, 3};
-  RiGeneralPolygonV(2, loops, 1, tokens, values);
+// The later primitives count by their shape too, cubic curves by the v step of
+// the last RiBasis.
+TEST_F(GeometryCalls, LaterPrimitivesCountEachValueByTheShape) {
+  RiDeclare(text("width"), text("varying float"));
+  RiBasis(RiBezierBasis, 3, RiBSplineBasis, 1);
+  RtInt five[] = {5};
+  RtFloat p[15] = {0, 0, 0, 1, 0, 0, 2, 0, 0, 3, 0, 0, 4, 0, 5};
+  RtFloat width[5] = {1, 2, 3, 4, 5};
+  RiCurves(text("cubic"), 1, five, RI_NONPERIODIC, RI_P, p, "width", width, RI_NULL);
+  RiPoints(2, RI_P, p, "width", width, RI_NULL);
+  RtInt code[] = {1000, 0, 6, 0};
+  RtToken strings[] = {text("plane")};
+  RiBlobby(1, 4, code, 1, width, 1, strings, "width", width, RI_NULL);
+  RtInt triangle[] = {0, 1, 4}, three[] = {3}, nargs[] = {1, 0, 1}, hole[] = {0};
+  RtToken tags[] = {text("vertexedit")};
+  RiSubdivisionMesh(text("loop"), 1, three, triangle, 0, nullptr, nullptr, nullptr, nullptr,
+                    "width", width, RI_NULL);
+  RiHierarchicalSubdivisionMesh(text("loop"), 1, three, triangle, 1, tags, nargs, hole, nullptr,
+                                strings, "width", width, RI_NULL);
+  const std::string w = "{" + std::to_string(find("width")->code) + " width 1 2 ";
+  EXPECT_EQ(lines(),
+            (Strings{"Basis 2048 2304", "Basis 2049 2305",
+                     "CurvesV \"cubic\" 1 [5] \"nonperiodic\" {1 P 4 3 15 "
+                     "[0,0,0,1,0,0,2,0,0,3,0,0,4,0,5]} " +
+                         w + "3 [1,2,3]}",
+                     "PointsV 2 {1 P 4 3 6 [0,0,0,1,0,0]} " + w + "2 [1,2]}",
+                     "BlobbyV 1 4 [1000,0,6,0] 1 [1] 1 [\"plane\"] " + w + "1 [1]}",
+                     "SubdivisionMeshV \"loop\" 1 [3] [0,1,4] 0 null null null null " + w +
+                         "5 [1,2,3,4,5]}",
+                     "HierarchicalSubdivisionMeshV \"loop\" 1 [3] [0,1,4] 1 [\"vertexedit\"] "
+                     "[1,0,1] [0] null [\"plane\"] " +
+                         w + "5 [1,2,3,4,5]}"}));
+}
 
-  std::vector<ZelRecord> ops = operations();
-  ASSERT_EQ(ops.size(), 4u);
-  const std::string args[] = {"PatchV 1793", "PatchV 1792",
-                              "NurbMeshV 2 2 [0,0,1,1] 0 1 2 2 [0,0,1,1] 0 1",
-                              "GeneralPolygonV 2 [4,3]"};
-  const int64_t counts[] = {48, 12, 16, 21};
-  for (size_t i = 0; i < 4; ++i) {
-    EXPECT_EQ(ops[i].params.at(0).count, counts[i]);
-    ops[i].params.clear();
-    EXPECT_EQ(describe(ops[i]), args[i]);
-  }
+TEST_F(GeometryCalls, PlainFormsCollectTheirLists) {
+  RtPoint square[4] = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
+  RiPolygon(4, RI_P, square, RI_NULL);
+  RiPatch(RI_BILINEAR, RI_P, square, RI_NULL);
+  const std::string p = " {1 P 4 3 12 [0,0,0,1,0,0,1,1,0,0,1,0]}";
+  EXPECT_EQ(lines(), (Strings{"PolygonV 4" + p, "PatchV 1792" + p}));
 }
 
 }  // namespace

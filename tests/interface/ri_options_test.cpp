@@ -68,7 +68,10 @@ TEST_F(OptionCalls, DisplayTypeAndModeMustBeOfTheirKind) {
                      "\"binding_test_mode\""}));
 }
 
-TEST_F(OptionCalls, HiderNumberAndJitter) {
+// A hider has its number and jitter; limits tune with the last sizes; a
+// quantization knows colour and depth, and its name is set only once the type
+// has a record.
+TEST_F(OptionCalls, HiderLimitsAndQuantizeSendTheirNumbers) {
   RtInt on = 1;
   RtInt off = 0;
   RtToken jitter[] = {RI_JITTER};
@@ -78,13 +81,6 @@ TEST_F(OptionCalls, HiderNumberAndJitter) {
   RiHiderV(RI_PAINT, 1, jitter, jitterOn);
   RiHider(RI_HIDDEN, RI_JITTER, &off, RI_NULL);
   RiHiderV(text("binding_test_zbuffer"), 1, jitter, jitterOff);
-  EXPECT_EQ(lines(), (Strings{"Hider 0", "Hider 1025", "SampleJitter 0.5", "Hider 1024",
-                              "SampleJitter 0", "Hider 1024", "SampleJitter 0"}));
-  EXPECT_EQ(messages(), Strings{"error: Parameter out of range. RiHiderV: unknown hider type "
-                                "\"binding_test_zbuffer\", using hidden"});
-}
-
-TEST_F(OptionCalls, LimitsTuneWithTheLastSizes) {
   RtInt grid = 16;
   RtInt buckets[] = {8, 4};
   RtInt finer = 24;
@@ -95,43 +91,19 @@ TEST_F(OptionCalls, LimitsTuneWithTheLastSizes) {
   RiOptionV(RI_LIMITS, 0, nullptr, nullptr);
   RiOptionV(RI_JITTER, 2, both, bothValues);
   RiOptionV(text("binding_test_searchpath"), 0, nullptr, nullptr);
-  EXPECT_EQ(lines(), (Strings{"Tune 16 8 4", "Tune 24 8 4", "Tune 24 8 4"}));
-  EXPECT_EQ(messages(), Strings{});
-}
-
-TEST_F(OptionCalls, QuantizeKnowsColourAndDepth) {
   RiQuantize(RI_RGBA, 255, 0, 255, 0.5f);
   RiQuantize(RI_Z, 1024, 0, 2048, 0);
   RiQuantize(RI_RGB, 255, 0, 255, 0.5f);
   RiQuantize(text("binding_test_q"), 255, 0, 255, 0.5f);
-  EXPECT_EQ(lines(), (Strings{"ColorQuantize 255 0 255", "ColorJitter 0.5",
-                              "DepthQuantize 1024 0 2048", "DepthJitter 0"}));
-  // The name is set only once the type has a record.
+  EXPECT_EQ(lines(), (Strings{"Hider 0", "Hider 1025", "SampleJitter 0.5", "Hider 1024",
+                              "SampleJitter 0", "Hider 1024", "SampleJitter 0", "Tune 16 8 4",
+                              "Tune 24 8 4", "Tune 24 8 4", "ColorQuantize 255 0 255",
+                              "ColorJitter 0.5", "DepthQuantize 1024 0 2048", "DepthJitter 0"}));
   EXPECT_EQ(messages(),
-            (Strings{"error: Parameter out of range. RiQuantize: unknown quantization type \"rgb\"",
+            (Strings{"error: Parameter out of range. RiHiderV: unknown hider type "
+                     "\"binding_test_zbuffer\", using hidden",
+                     "error: Parameter out of range. RiQuantize: unknown quantization type \"rgb\"",
                      "error: Invalid token for request. undeclared token \"binding_test_q\""}));
-}
-
-TEST_F(OptionCalls, PlainOptionsAreForwardedUnchanged) {
-  RtFloat nRGB[] = {1, 0, 0, 0, 1, 0};
-  RtFloat RGBn[] = {1, 0, 0, 1, 0, 0};
-  RiFrameBegin(7);
-  RiFrameAspectRatio(1.5f);
-  RiScreenWindow(-1, 1, -0.75f, 0.75f);
-  RiCropWindow(0, 0.5f, 0.25f, 1);
-  RiClipping(0.1f, 1000);
-  RiPixelVariance(0.01f);
-  RiPixelSamples(2, 3);
-  RiExposure(1.5f, 2.2f);
-  RiColorSamples(2, nRGB, RGBn);
-  RiWorldBegin();
-  RiWorldEnd();
-  RiFrameEnd();
-  EXPECT_EQ(lines(), (Strings{"FrameBegin", "ImageAspect 1.5", "ImageWindow -1 1 -0.75 0.75",
-                              "ImageCrop 0 0.5 0.25 1", "Clip 0.1 1000", "SampleAdaptive 0.01",
-                              "SampleUniform 2 3", "ColorGain 1.5", "ColorGamma 2.2",
-                              "ColorSpace 2 [1,0,0,0,1,0] [1,0,0,1,0,0]", "SceneBegin", "SceneEnd",
-                              "FrameEnd"}));
 }
 
 }  // namespace

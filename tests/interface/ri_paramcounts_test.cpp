@@ -7,7 +7,6 @@
 
 #include <cctype>
 #include <cstdint>
-#include <functional>
 #include <limits>
 #include <ostream>
 #include <string>
@@ -18,97 +17,64 @@
 
 namespace {
 
-struct CountsCase {
-  std::string what;
-  std::function<PrimitiveCounts()> counts;
-  PrimitiveCounts expected;
-};
-
 std::string testName(const std::string& what) {
   std::string name;
   for (char c : what) name += std::isalnum(static_cast<unsigned char>(c)) ? c : '_';
   return name;
 }
 
-void PrintTo(const CountsCase& c, std::ostream* os) {
-  *os << c.what;
+TEST(PrimitiveCounts, MatchTheReadersVerifyCounts) {
+  resetBasisSteps();
+  RtInt four3[] = {4, 3}, three[] = {3}, verts017[] = {0, 1, 7}, twoTwo[] = {2, 2};
+  RtInt verts0112[] = {0, 1, 1, 2}, zeroThree[] = {0, 3}, verts012[] = {0, 1, 2};
+  RtInt negativeVerts[] = {-4, -2, -9}, loops21[] = {2, 1}, nverts433[] = {4, 3, 3};
+  RtInt verts10[] = {0, 1, 2, 3, 4, 5, 6, 7, 9, 8};
+  RtInt hugeLoops[] = {std::numeric_limits<RtInt>::max(), 2};
+  const int64_t wide = int64_t{1} << 32;
+  const struct {
+    const char* what;
+    PrimitiveCounts got, expected;
+  } cases[] = {
+      {"polygon", polygonCounts(3), {1, 3, 3}},
+      {"general polygon sums its loops", generalPolygonCounts(2, four3), {1, 7, 7}},
+      {"highest index fixes the points", pointsPolygonsCounts(1, three, verts017), {1, 8, 8}},
+      {"uniform counts polygons", pointsPolygonsCounts(2, twoTwo, verts0112), {2, 3, 3}},
+      {"polygon without vertices", pointsPolygonsCounts(2, zeroThree, verts012), {2, 3, 3}},
+      {"negative indices never raise the count",
+       pointsPolygonsCounts(1, three, negativeVerts),
+       {1, 1, 1}},
+      {"general mesh sums loops then vertices",
+       pointsGeneralPolygonsCounts(2, loops21, nverts433, verts10),
+       {2, 10, 10}},
+      {"sums do not wrap", generalPolygonCounts(2, hugeLoops), {1, 2147483649, 2147483649}},
+      {"bicubic patch", patchCounts(text("bicubic")), {1, 16, 16}},
+      {"bicubic patch token", patchCounts(RI_BICUBIC), {1, 16, 16}},
+      {"bilinear patch", patchCounts(RI_BILINEAR), {1, 4, 4}},
+      {"patch type in capitals is not bicubic", patchCounts(text("Bicubic")), {1, 4, 4}},
+      {"null patch type", patchCounts(nullptr), {1, 4, 4}},
+      {"bicubic mesh, steps 3",
+       patchMeshCounts(RI_BICUBIC, 7, RI_NONPERIODIC, 4, RI_NONPERIODIC),
+       {2, 6, 28}},
+      {"bilinear mesh periodic in v",
+       patchMeshCounts(RI_BILINEAR, 3, RI_NONPERIODIC, 4, RI_PERIODIC),
+       {8, 12, 12}},
+      {"bicubic mesh truncates toward zero",
+       patchMeshCounts(RI_BICUBIC, 3, RI_NONPERIODIC, 1, RI_NONPERIODIC),
+       {0, 2, 3}},
+      {"wrap word in capitals is not periodic",
+       patchMeshCounts(RI_BILINEAR, 3, text("Periodic"), 2, RI_PERIODIC),
+       {4, 6, 6}},
+      {"nurbs patch", nuPatchCounts(4, 4), {1, 16, 16}},
+      {"products do not wrap", nuPatchCounts(65536, 65536), {1, wide, wide}},
+      {"quadric", quadricCounts(), {1, 4, 4}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    EXPECT_EQ(c.got.uniform, c.expected.uniform);
+    EXPECT_EQ(c.got.varying, c.expected.varying);
+    EXPECT_EQ(c.got.vertex, c.expected.vertex);
+  }
 }
-
-class PrimitiveCountsTest : public testing::TestWithParam<CountsCase> {
- protected:
-  void SetUp() override { resetBasisSteps(); }
-};
-
-TEST_P(PrimitiveCountsTest, MatchTheReadersVerifyCounts) {
-  PrimitiveCounts got = GetParam().counts();
-  EXPECT_EQ(got.uniform, GetParam().expected.uniform);
-  EXPECT_EQ(got.varying, GetParam().expected.varying);
-  EXPECT_EQ(got.vertex, GetParam().expected.vertex);
-}
-
-RtInt four3[] = {4, 3};
-RtInt three[] = {3};
-RtInt verts017[] = {0, 1, 7};
-RtInt twoTwo[] = {2, 2};
-RtInt verts0112[] = {0, 1, 1, 2};
-RtInt zeroThree[] = {0, 3};
-RtInt verts012[] = {0, 1, 2};
-RtInt negativeVerts[] = {-4, -2, -9};
-RtInt loops21[] = {2, 1};
-RtInt nverts433[] = {4, 3, 3};
-RtInt verts10[] = {0, 1, 2, 3, 4, 5, 6, 7, 9, 8};
-RtInt hugeLoops[] = {std::numeric_limits<RtInt>::max(), 2};
-
-INSTANTIATE_TEST_SUITE_P(
-    Primitives, PrimitiveCountsTest,
-    testing::Values(
-        CountsCase{"polygon", [] { return polygonCounts(3); }, {1, 3, 3}},
-        CountsCase{"general polygon sums its loops",
-                   [] { return generalPolygonCounts(2, four3); },
-                   {1, 7, 7}},
-        CountsCase{"highest index fixes the points",
-                   [] { return pointsPolygonsCounts(1, three, verts017); },
-                   {1, 8, 8}},
-        CountsCase{"uniform counts polygons",
-                   [] { return pointsPolygonsCounts(2, twoTwo, verts0112); },
-                   {2, 3, 3}},
-        CountsCase{"polygon without vertices",
-                   [] { return pointsPolygonsCounts(2, zeroThree, verts012); },
-                   {2, 3, 3}},
-        CountsCase{"negative indices never raise the count",
-                   [] { return pointsPolygonsCounts(1, three, negativeVerts); },
-                   {1, 1, 1}},
-        CountsCase{"general mesh sums loops then vertices",
-                   [] { return pointsGeneralPolygonsCounts(2, loops21, nverts433, verts10); },
-                   {2, 10, 10}},
-        CountsCase{"sums do not wrap",
-                   [] { return generalPolygonCounts(2, hugeLoops); },
-                   {1, 2147483649, 2147483649}},
-        CountsCase{"bicubic patch", [] { return patchCounts(text("bicubic")); }, {1, 16, 16}},
-        CountsCase{"bicubic patch token", [] { return patchCounts(RI_BICUBIC); }, {1, 16, 16}},
-        CountsCase{"bilinear patch", [] { return patchCounts(RI_BILINEAR); }, {1, 4, 4}},
-        CountsCase{"patch type in capitals is not bicubic",
-                   [] { return patchCounts(text("Bicubic")); },
-                   {1, 4, 4}},
-        CountsCase{"null patch type", [] { return patchCounts(nullptr); }, {1, 4, 4}},
-        CountsCase{"bicubic mesh, steps 3",
-                   [] { return patchMeshCounts(RI_BICUBIC, 7, RI_NONPERIODIC, 4, RI_NONPERIODIC); },
-                   {2, 6, 28}},
-        CountsCase{"bilinear mesh periodic in v",
-                   [] { return patchMeshCounts(RI_BILINEAR, 3, RI_NONPERIODIC, 4, RI_PERIODIC); },
-                   {8, 12, 12}},
-        CountsCase{"bicubic mesh truncates toward zero",
-                   [] { return patchMeshCounts(RI_BICUBIC, 3, RI_NONPERIODIC, 1, RI_NONPERIODIC); },
-                   {0, 2, 3}},
-        CountsCase{"wrap word in capitals is not periodic",
-                   [] { return patchMeshCounts(RI_BILINEAR, 3, text("Periodic"), 2, RI_PERIODIC); },
-                   {4, 6, 6}},
-        CountsCase{"nurbs patch", [] { return nuPatchCounts(4, 4); }, {1, 16, 16}},
-        CountsCase{"products do not wrap",
-                   [] { return nuPatchCounts(65536, 65536); },
-                   {1, int64_t{1} << 32, int64_t{1} << 32}},
-        CountsCase{"quadric", [] { return quadricCounts(); }, {1, 4, 4}}),
-    [](const testing::TestParamInfo<CountsCase>& info) { return testName(info.param.what); });
 
 TEST(PatchMeshCounts, DivideByTheStepsOfTheLastBasis) {
   setBasisSteps(1, 1);

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "interface/ri.h"
+#include "tests/support/describe.h"
+#include "tests/support/scratchdir.h"
 #include "zel/reader/zelreader.h"
 
 class RiSceneTest : public testing::Test {
@@ -25,14 +27,9 @@ class RiSceneTest : public testing::Test {
   const std::vector<std::string>& messages() const;
 
  private:
+  scratchdir dir_;
   std::string path_;
 };
-
-// "ConeV 1 2 2 360": the operation and its arguments, floats in their
-// shortest exact form, texts quoted, arrays in brackets; then each parameter
-// as "{code name type class count values}".
-std::string describe(const ZelRecord& record);
-std::string describe(const ZelValue& value);
 
 // A name for an RtToken or char* argument; the calls do not write to it.
 inline char* text(const char* word) {

@@ -33,27 +33,6 @@ TEST_F(ShaderCalls, ConeAnglesGoInDegreesAndStayConvertedForTheCaller) {
   EXPECT_EQ(describe(ops[0]), "LightSourceV 20");
 }
 
-TEST_F(ShaderCalls, LightHandleReachesTheSwitch) {
-  RtLightHandle light = RiLightSource(RI_AMBIENTLIGHT, RI_NULL);
-  RiIlluminate(light, 0);
-  std::vector<ZelRecord> ops = operations();
-  ASSERT_EQ(ops.size(), 2u);
-  ASSERT_TRUE(ops[0].handle.has_value());
-  EXPECT_EQ(ops[1].op, "LightSwitch");
-  EXPECT_EQ(ops[1].args.at(0).asInt(), *ops[0].handle);
-  EXPECT_EQ(ops[1].args.at(1).asInt(), 0);
-}
-
-TEST_F(ShaderCalls, SharedShaderCodesAreSentAlike) {
-  RiSurfaceV(RI_PLASTIC, 0, nullptr, nullptr);
-  RiSurfaceV(text("paintedplastic"), 0, nullptr, nullptr);
-  RiSurface(RI_METAL, RI_NULL);
-  RiAtmosphereV(RI_FOG, 0, nullptr, nullptr);
-  RiInteriorV(text("water"), 0, nullptr, nullptr);  // interior and exterior send nothing
-  RiExterior(text("fog"), RI_NULL);
-  EXPECT_EQ(lines(), (Strings{"SurfaceV 11", "SurfaceV 11", "SurfaceV 10", "AtmosphereV 28"}));
-}
-
 TEST_F(ShaderCalls, NewShaderNameIsDeclaredWithTheLibrarysCode) {
   RiSurfaceV(text("binding_test_wood"), 0, nullptr, nullptr);
   ZelFile scene = readScene();
@@ -80,6 +59,15 @@ TEST_F(ShaderCalls, ShaderParametersCountOneElementOfTheirSize) {
                              std::to_string(find("specularcolor")->code) +
                              " specularcolor 5 1 3 [0.5,0.25,1]} {65289 texturename 3 1 1 "
                              "[\"grid.tx\"]}"});
+}
+
+TEST_F(ShaderCalls, PlainFormsCollectTheirLists) {
+  RtFloat ka = 0.25f;
+  RiIlluminate(RiLightSource(RI_AMBIENTLIGHT, RI_KA, &ka, RI_NULL), 0);
+  RiSurface(RI_METAL, RI_KA, &ka, RI_NULL);
+  RiExterior(text("fog"), RI_KA, &ka, RI_NULL);
+  EXPECT_EQ(lines(), (Strings{"LightSourceV 17 {12 Ka 1 1 1 [0.25]}", "LightSwitch 1 0",
+                              "SurfaceV 10 {12 Ka 1 1 1 [0.25]}"}));
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ std::string bytes(std::initializer_list<int> list) {
   return s;
 }
 
-TEST(LexanribBinary, NumbersOfEveryEncoding) {
+TEST(LexanribBinary, EveryEncodingReadsAsItsTokens) {
   expectTokens({
       {bytes({0x80, 0x05}), {"INT 5", "EOF"}},
       {bytes({0x81, 0x01, 0x00}), {"INT 256", "EOF"}},
@@ -33,16 +33,41 @@ TEST(LexanribBinary, NumbersOfEveryEncoding) {
       {bytes({0xA4, 0xC0, 0x20, 0x00, 0x00}), {"FLOAT -2.5", "EOF"}},
       {bytes({0xA5, 0x3F, 0xF0, 0, 0, 0, 0, 0, 0}), {"FLOAT 1", "EOF"}},
       {bytes({0xA5, 0x3F, 0xB9, 0x99, 0x99, 0x99, 0x99, 0x99, 0x9A}), {"FLOAT 0.100000001", "EOF"}},
-  });
-}
-
-TEST(LexanribBinary, Strings) {
-  expectTokens({
       {bytes({0x90}), {"STRING ", "EOF"}},
       {bytes({0x93, 'a', 'b', 'c'}), {"STRING abc", "EOF"}},
       {bytes({0xA0, 0x03, 'a', 'b', 'c'}), {"STRING abc", "EOF"}},
       {bytes({0xA1, 0x00, 0x02, '\n', '"'}), {"STRING \n\"", "EOF"}},
+      // A float cut short at the end still counts: the two bytes there are
+      // the value's top bytes so far, 0x4000 as bits.
+      {bytes({0xC8, 0x02, 0x3F, 0x80, 0, 0, 0x40, 0x00}),
+       {"[", "FLOAT 1", "FLOAT 2.2958874e-41", "]", "EOF"}},
+      // Request definitions.
+      {bytes({0xCC, 0x05}) + "Sphere " + bytes({0xA6, 0x05}), {"KEYWORD Sphere", "EOF"}},
+      {bytes({0xCC, 0x05}) + "Sphere " + bytes({0xCC, 0x06}) + "Cone " +
+           bytes({0xA6, 0x06, 0xA6, 0x05}),
+       {"KEYWORD Cone", "KEYWORD Sphere", "EOF"}},
+      {bytes({0xCC, 200}) + "Torus" + bytes({0xA6, 200}), {"KEYWORD Torus", "EOF"}},
+      {bytes({0xCC, 0x05}) + "Sphere " + bytes({0xCC, 0x05}) + "Disk " + bytes({0xA6, 0x05}),
+       {"KEYWORD Disk", "EOF"}},
+      {bytes({0xA6, 0x09}), {"KEYWORD ", "EOF"}},
+      // The name may also be an encoded or a quoted string.
+      {bytes({0xCC, 0x07, 0x96}) + "Sphere" + bytes({0xA6, 0x07}), {"KEYWORD Sphere", "EOF"}},
+      {bytes({0xCC, 0x07, 0xA0, 0x04}) + "Cone" + bytes({0xA6, 0x07}), {"KEYWORD Cone", "EOF"}},
+      {bytes({0xCC, 0x07}) + "\"Disk\"" + bytes({0xA6, 0x07}), {"KEYWORD Disk", "EOF"}},
+      // A byte with bit 7 set outside the string headers gives an empty word.
+      {bytes({0xCC, 0x07, 0x80, 0x03, 0xA6, 0x07}), {"INT 3", "KEYWORD ", "EOF"}},
+      // String definitions.
+      {bytes({0xCD, 0x07, 0x93}) + "abc" + bytes({0xCF, 0x07}), {"STRING abc", "EOF"}},
+      {bytes({0xCE, 0x01, 0x00}) + "\"t\\tx\"" + bytes({0xD0, 0x01, 0x00}), {"STRING t\tx", "EOF"}},
+      {bytes({0xCD, 0x07, 0x91, 'a', 0xCD, 0x07, 0x91, 'b', 0xCF, 0x07}), {"STRING b", "EOF"}},
+      {bytes({0xCF, 0x09}), {"STRING ", "EOF"}},
+      {bytes({0xD0, 0xFF, 0xFF}), {"STRING ", "EOF"}},
+      // Not a string header: nothing is defined and the byte is the next token.
+      {bytes({0xCD, 0x02, 0x80, 0x04, 0xCF, 0x02}), {"INT 4", "STRING ", "EOF"}},
   });
+}
+
+TEST(LexanribBinary, StringsHoldingNulsEndThere) {
   Scan scan(bytes({0x93, 'a', 0, 'b', 0x92, '\\', 'n'}));
   ASSERT_EQ(scan.lex.next(), LEXSTRING);
   EXPECT_EQ(scan.lex.text.count, 4u);  // a NUL b, then the terminator
@@ -102,46 +127,6 @@ TEST(LexanribBinary, NumbersAndArraysReadAcrossTheSourcesBlocks) {
   EXPECT_EQ(lex.next(), LEXEOF);
 }
 
-TEST(LexanribBinary, FloatCutShortAtTheEndStillCounts) {
-  // The two bytes there are the value's top bytes so far: 0x4000 as bits.
-  EXPECT_EQ(tokens(bytes({0xC8, 0x02, 0x3F, 0x80, 0, 0, 0x40, 0x00})),
-            (Words{"[", "FLOAT 1", "FLOAT 2.2958874e-41", "]", "EOF"}));
-}
-
-TEST(LexanribBinary, RequestDefinitions) {
-  expectTokens({
-      {bytes({0xCC, 0x05}) + "Sphere " + bytes({0xA6, 0x05}), {"KEYWORD Sphere", "EOF"}},
-      {bytes({0xCC, 0x05}) + "Sphere " + bytes({0xCC, 0x06}) + "Cone " +
-           bytes({0xA6, 0x06, 0xA6, 0x05}),
-       {"KEYWORD Cone", "KEYWORD Sphere", "EOF"}},
-      {bytes({0xCC, 200}) + "Torus" + bytes({0xA6, 200}), {"KEYWORD Torus", "EOF"}},
-      {bytes({0xCC, 0x05}) + "Sphere " + bytes({0xCC, 0x05}) + "Disk " + bytes({0xA6, 0x05}),
-       {"KEYWORD Disk", "EOF"}},
-      {bytes({0xA6, 0x09}), {"KEYWORD ", "EOF"}},
-      // The name may also be an encoded or a quoted string.
-      {bytes({0xCC, 0x07, 0x96}) + "Sphere" + bytes({0xA6, 0x07}), {"KEYWORD Sphere", "EOF"}},
-      {bytes({0xCC, 0x07, 0xA0, 0x04}) + "Cone" + bytes({0xA6, 0x07}), {"KEYWORD Cone", "EOF"}},
-      {bytes({0xCC, 0x07}) + "\"Disk\"" + bytes({0xA6, 0x07}), {"KEYWORD Disk", "EOF"}},
-      // A byte with bit 7 set outside the string headers gives an empty word.
-      {bytes({0xCC, 0x07, 0x80, 0x03, 0xA6, 0x07}), {"INT 3", "KEYWORD ", "EOF"}},
-  });
-}
-
-TEST(LexanribBinary, StringDefinitions) {
-  expectTokens({
-      {bytes({0xCD, 0x07, 0x93}) + "abc" + bytes({0xCF, 0x07}), {"STRING abc", "EOF"}},
-      {bytes({0xCE, 0x01, 0x00}) + "\"t\\tx\"" + bytes({0xD0, 0x01, 0x00}), {"STRING t\tx", "EOF"}},
-      {bytes({0xCD, 0x07, 0x91, 'a', 0xCD, 0x07, 0x91, 'b', 0xCF, 0x07}), {"STRING b", "EOF"}},
-      {bytes({0xCF, 0x09}), {"STRING ", "EOF"}},
-      {bytes({0xD0, 0xFF, 0xFF}), {"STRING ", "EOF"}},
-      // Not a string header: nothing is defined and the byte is the next token.
-      {bytes({0xCD, 0x02, 0x80, 0x04, 0xCF, 0x02}), {"INT 4", "STRING ", "EOF"}},
-  });
-  Scan scan(bytes({0xD0, 0x10, 0x00}));
-  scan.lex.next();
-  EXPECT_EQ(scan.lex.strings.count, 0u);  // a lookup never grows the table
-}
-
 // An index far past the table is kept aside; the table growing past it later,
 // or the index being defined again, must still give its latest text.
 TEST(LexanribBinary, FarStringIndicesKeepTheirLatestText) {
@@ -160,9 +145,12 @@ TEST(LexanribBinary, FarStringIndicesKeepTheirLatestText) {
   }
   expectTokens({{climb + readFar, {"STRING f", "EOF"}},
                 {climb + bytes({0xCE, 0xFF, 0xF0, 0x91, 'n'}) + readFar, {"STRING n", "EOF"}}});
-  Scan scan(far);
-  scan.lex.next();
-  EXPECT_EQ(scan.lex.strings.count, 0u);
+  // Neither a far definition nor a lookup grows the table.
+  for (const std::string& input : {far, bytes({0xD0, 0x10, 0x00})}) {
+    Scan scan(input);
+    scan.lex.next();
+    EXPECT_EQ(scan.lex.strings.count, 0u);
+  }
 }
 
 TEST(LexanribBinary, DefinedTextStaysInTextUntilTheNextToken) {

@@ -76,13 +76,25 @@ TEST(LexanribNumbersLong, ReadAsTheirWholeTextReads) {
   });
 }
 
-// A value as a scene writer prints it, with the float and integer it must read as.
+// A value as a scene writer prints it, or of any shape, with the float
+// (the nearest double, narrowed) and the integer it must read as.
 struct Written {
   std::string text;
   bool isInt;
   float nearest;
   int32_t integer;
 };
+
+// Up to 24 digits with the point anywhere, and an exponent now and then.
+std::string anyShape(std::mt19937& random) {
+  std::string mantissa(1 + random() % 24, '0');
+  for (char& digit : mantissa) digit = static_cast<char>('0' + random() % 10);
+  const size_t point = random() % (mantissa.size() + 1);
+  std::string text = (random() % 2 ? "-" : "") + mantissa.substr(0, point) + "." +
+                     mantissa.substr(point) + (point == mantissa.size() ? "5" : "");
+  if (random() % 3 == 0) text += "e" + std::to_string(static_cast<int>(random() % 90) - 45);
+  return text;
+}
 
 std::vector<Written> sceneNumbers(int count) {
   std::mt19937 random(11);
@@ -94,10 +106,13 @@ std::vector<Written> sceneNumbers(int count) {
     double value = std::pow(10.0, unit(random) * 14 - 7) * (random() % 2 ? -1 : 1);
     char text[64];
     std::snprintf(text, sizeof text, formats[random() % 5], value);
-    Written w{text, false, 0, 0};
-    std::from_chars(text, text + w.text.size(), w.nearest);
+    Written w{i % 8 == 7 ? anyShape(random) : text, false, 0, 0};
+    const char* end = w.text.data() + w.text.size();
+    double nearest = 0;
+    std::from_chars(w.text.data(), end, nearest);
+    w.nearest = static_cast<float>(nearest);
     w.isInt = w.text.find_first_of(".e") == std::string::npos;
-    if (w.isInt) std::from_chars(text, text + w.text.size(), w.integer);
+    if (w.isInt) std::from_chars(w.text.data(), end, w.integer);
     numbers.push_back(w);
   }
   return numbers;

@@ -47,9 +47,7 @@ TEST(LexanribReport, LineFormat) {
                                     4),
                         1, [](lexanrib& lex) { lex.RIBError(16, 2, nullptr); }),
             (Words{"RIB error: general syntactic error at line 1 'a'"}));
-}
-
-TEST(LexanribReport, SeverityWords) {
+  // Each severity has its word; those outside the four are errors.
   const std::string rest = "protocol version number mismatch at line 1 '': v";
   EXPECT_EQ(reportAfter("", 0,
                         [](lexanrib& lex) {
@@ -59,9 +57,7 @@ TEST(LexanribReport, SeverityWords) {
                         }),
             (Words{"RIB info: " + rest, "RIB warning: " + rest, "RIB error: " + rest,
                    "severe RIB error: " + rest, "RIB error: " + rest, "RIB error: " + rest}));
-}
-
-TEST(LexanribReport, CodesOutsideTheTableHaveNoText) {
+  // Codes outside the table have no text.
   EXPECT_EQ(reportAfter("", 0,
                         [](lexanrib& lex) {
                           for (int32_t code : {0, 18, -1}) lex.RIBError(code, 2, "m");

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <charconv>
-#include <cstdio>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -14,7 +11,7 @@ using namespace lexantest;
 
 namespace {
 
-TEST(LexanribNumbers, NumbersReadAsTheirValues) {
+TEST(Lexanrib, EachTextReadsAsItsTokens) {
   expectTokens({
       {"12", {"INT 12", "EOF"}},
       {"+5 -7 0", {"INT 5", "INT -7", "INT 0", "EOF"}},
@@ -42,24 +39,7 @@ TEST(LexanribNumbers, NumbersReadAsTheirValues) {
       {"12345678901234567890123", {"INT 2147483647", "EOF"}},
       {"123456789012345678901234567890e-20", {"FLOAT 1.23456794e+09", "EOF"}},
       {"0.00000000000000000000000000001", {"FLOAT 1e-29", "EOF"}},
-  });
-  // A binary byte after digits makes the number invalid and stays in the stream.
-  EXPECT_EQ(tokens(std::string("12\x80\x05", 4)),
-            (Words{"THROW 16 Invalid number", "INT 5", "EOF"}));
-}
-
-TEST(LexanribNumbers, MalformedNumbersRaiseAndQuoteTheWord) {
-  for (const char* bad :
-       {"12abc", "1.2.3", "12-3", "5.", ".", "+", "-", "1e", "1e+", ".e5", "1.5x"}) {
-    Scan scan(std::string(bad) + " 7");
-    EXPECT_EQ(raised(scan.lex), "16 2 Invalid number") << bad;
-    EXPECT_STREQ(scan.lex.text.data, bad);
-    EXPECT_EQ(scan.lex.next(), LEXINT) << "the scan goes on after " << bad;
-  }
-}
-
-TEST(LexanribStrings, EscapesAndOctal) {
-  expectTokens({
+      // Strings: escapes and octal.
       {R"("plain")", {"STRING plain", "EOF"}},
       {R"("a\q")", {"STRING aq", "EOF"}},
       {R"("\101\60")", {"STRING A0", "EOF"}},
@@ -71,7 +51,29 @@ TEST(LexanribStrings, EscapesAndOctal) {
       {R"("")", {"STRING ", "EOF"}},
       {"\"a\\\nb\"", {"STRING ab", "EOF"}},
       {"\"#not a comment [ ]\"", {"STRING #not a comment [ ]", "EOF"}},
+      // Words end only at terminators.
+      {"Sphere", {"KEYWORD Sphere", "EOF"}},
+      {"Sphere\"x\"", {"KEYWORD Sphere", "STRING x", "EOF"}},
+      {"Sphere[1]", {"KEYWORD Sphere", "[", "INT 1", "]", "EOF"}},
+      {"Sphere#x\nCone", {"KEYWORD Sphere", "KEYWORD Cone", "EOF"}},
+      {"a(1,2)b", {"KEYWORD a(1,2)b", "EOF"}},
+      {"\fWorld\x01", {"KEYWORD \fWorld\x01", "EOF"}},
+      {"Sphere\xA6\x01", {"KEYWORD Sphere", "KEYWORD ", "EOF"}},
+      {"  \t\r\n# only a comment", {"EOF"}},
+      {"##RenderMan RIB\nWorldBegin", {"KEYWORD WorldBegin", "EOF"}},
+      // A binary byte after digits makes the number invalid and stays in the stream.
+      {std::string("12\x80\x05", 4), {"THROW 16 Invalid number", "INT 5", "EOF"}},
   });
+}
+
+TEST(LexanribNumbers, MalformedNumbersRaiseAndQuoteTheWord) {
+  for (const char* bad :
+       {"12abc", "1.2.3", "12-3", "5.", ".", "+", "-", "1e", "1e+", ".e5", "1.5x"}) {
+    Scan scan(std::string(bad) + " 7");
+    EXPECT_EQ(raised(scan.lex), "16 2 Invalid number") << bad;
+    EXPECT_STREQ(scan.lex.text.data, bad);
+    EXPECT_EQ(scan.lex.next(), LEXINT) << "the scan goes on after " << bad;
+  }
 }
 
 TEST(LexanribStrings, OctalValuesAreEightBits) {
@@ -146,20 +148,6 @@ TEST(LexanribStrings, TextBeyondAStringsLimitIsCutOnDelivery) {
   String s;
   scan.lex.get(s);
   EXPECT_EQ(s.size(), 65535);
-}
-
-TEST(LexanribKeywords, WordsEndOnlyAtTerminators) {
-  expectTokens({
-      {"Sphere", {"KEYWORD Sphere", "EOF"}},
-      {"Sphere\"x\"", {"KEYWORD Sphere", "STRING x", "EOF"}},
-      {"Sphere[1]", {"KEYWORD Sphere", "[", "INT 1", "]", "EOF"}},
-      {"Sphere#x\nCone", {"KEYWORD Sphere", "KEYWORD Cone", "EOF"}},
-      {"a(1,2)b", {"KEYWORD a(1,2)b", "EOF"}},
-      {"\fWorld\x01", {"KEYWORD \fWorld\x01", "EOF"}},
-      {"Sphere\xA6\x01", {"KEYWORD Sphere", "KEYWORD ", "EOF"}},
-      {"  \t\r\n# only a comment", {"EOF"}},
-      {"##RenderMan RIB\nWorldBegin", {"KEYWORD WorldBegin", "EOF"}},
-  });
 }
 
 TEST(LexanribStream, LinesCountFromWhereTheScanBegan) {
@@ -249,39 +237,6 @@ TEST(LexanribGetDeathTest, WrongAccessorStopsWithTheCondition) {
   EXPECT_DEATH(scan.lex.get(f), "thistoke == LEXFLOAT \\|\\| thistoke == LEXINT");
   scan.lex.next();
   EXPECT_DEATH(scan.lex.get(s), "thistoke == LEXSTRING \\|\\| thistoke == LEXKEYWORD");
-}
-
-// The scanner's float must be the double nearest the text, narrowed: checked
-// against the general conversion over numbers of every shape.
-TEST(LexanribNumbers, FloatsMatchTheGeneralConversion) {
-  std::mt19937 random(7);
-  std::string input;
-  std::vector<float> expected;
-  char buf[64];
-  for (int i = 0; i < 20000; ++i) {
-    int digits = 1 + static_cast<int>(random() % 24);
-    std::string mantissa;
-    for (int d = 0; d < digits; ++d) mantissa += static_cast<char>('0' + random() % 10);
-    size_t point = random() % (mantissa.size() + 1);
-    std::string text = (random() % 2 ? "-" : "") + mantissa.substr(0, point) + "." +
-                       mantissa.substr(point) + (point == mantissa.size() ? "5" : "");
-    if (random() % 3 == 0) {
-      std::snprintf(buf, sizeof buf, "e%d", static_cast<int>(random() % 90) - 45);
-      text += buf;
-    }
-    double reference = 0;
-    const char* begin = text.c_str() + (text[0] == '-' ? 1 : 0);
-    std::from_chars(begin, text.c_str() + text.size(), reference);
-    expected.push_back(static_cast<float>(text[0] == '-' ? -reference : reference));
-    input += text + " ";
-  }
-  Scan scan(input);
-  for (size_t i = 0; i < expected.size(); ++i) {
-    ASSERT_EQ(scan.lex.next(), LEXFLOAT) << i;
-    float f;
-    scan.lex.get(f);
-    ASSERT_EQ(f, expected[i]) << scan.lex.text.data;
-  }
 }
 
 }  // namespace

@@ -159,26 +159,22 @@ TEST(ParameterList, ListEndsAtAValueWhereANameWouldStand) {
   }
 }
 
-TEST(SkipValue, StopsAtTheFirstClosingBracket) {
+// A value is skipped to its first closing bracket, and a list goes on
+// behind it; without an opening bracket there is nothing to skip.
+TEST(SkipValue, StopsAtTheFirstClosingBracketAndNeedsAnOpeningOne) {
   RecordingParser p("[ 1 [ 2 ] 3 ]");
   EXPECT_EQ(p.primed().skipvalue(), 1);
   EXPECT_EQ(p.token, LEXINT);
-}
-
-TEST(SkipValue, ListGoesOnBehindTheSkippedValue) {
   ListRead r("\"nosuch\" [ 1 [ 2 ] 3 ]", 1);
   EXPECT_EQ(r.result, 1);
   expectParallel(r.list, 0);
   EXPECT_EQ(r.parser.token, LEXINT);
-}
-
-TEST(SkipValue, NeedsAnOpeningBracket) {
   ReportCollector reports;
-  RecordingParser p("1 WorldEnd");
-  EXPECT_EQ(p.primed().skipvalue(), 0);
+  RecordingParser bare("1 WorldEnd");
+  EXPECT_EQ(bare.primed().skipvalue(), 0);
   EXPECT_EQ(reports.lines(),
             Lines{"RIB error: general syntactic error at line 1 '1': Expected character '['"});
-  EXPECT_EQ(p.token, LEXKEYWORD);
+  EXPECT_EQ(bare.token, LEXKEYWORD);
 }
 
 struct VerifyCase {

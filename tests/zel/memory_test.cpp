@@ -77,14 +77,7 @@ TEST_F(ZelTest, HugeRecordBufferIsGivenBack) {
   for (int round = 0; round < 100; ++round) sceneRound(round);
   zelFlush();
   int64_t before = gLiveBytes;
-  {
-    std::vector<float> points(3 * 100000, 1.0f / 3.0f);
-    ZelParam info = {"P", 0x0001, 4, 3, static_cast<uint32_t>(points.size())};
-    uint16_t code = 0x0001;
-    RtPointer value = points.data();
-    _zelParameterInfo(1, &info);
-    _zelPolygonV(100000, 1, &code, &value);
-  }
+  writePolygon(std::vector<float>(3 * 100000, 1.0f / 3.0f));
   zelFlush();
   EXPECT_LT(gLiveBytes - before, 4096);
 }

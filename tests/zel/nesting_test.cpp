@@ -4,6 +4,7 @@
 #include <map>
 
 #include "tests/zel/zelfixture.h"
+#include "zel/messages.h"
 
 namespace {
 
@@ -143,16 +144,16 @@ TEST_F(ZelTest, CustomHandlerGetsCodeSeverityAndLine) {
   _zelLightSwitch(handle(4), 1);
   EXPECT_TRUE(gReportLines.empty());
   ASSERT_EQ(gReceived.size(), 2u);
-  EXPECT_EQ(gReceived[0].code, 24);
-  EXPECT_EQ(gReceived[0].severity, 2);
+  EXPECT_EQ(gReceived[0].code, zel::kNesting);
+  EXPECT_EQ(gReceived[0].severity, zel::kError);
   EXPECT_EQ(gReceived[0].message, "ZEL error: FrameEnd with no FrameBegin open");
-  EXPECT_EQ(gReceived[1].code, 44);
+  EXPECT_EQ(gReceived[1].code, zel::kBadHandle);
   EXPECT_EQ(gReceived[1].message, "ZEL error: LightSwitch of unknown light 4");
   EXPECT_EQ(records().front().op, "CustomErrorHandler");
 }
 
 TEST_F(ZelTest, AbortModeEndsTheProgramWithTheRecordOnDisk) {
-  std::string path = scratchPath("abort");
+  std::string path = dir_.file("abort.zel").string();
   EXPECT_DEATH(
       {
         zelSetMessageSink(nullptr);
@@ -164,7 +165,6 @@ TEST_F(ZelTest, AbortModeEndsTheProgramWithTheRecordOnDisk) {
       },
       "ZEL error: AttributePop with no AttributePush open");
   std::vector<ZelRecord> read = readZelFile(path).records;
-  std::filesystem::remove(path);
   ASSERT_EQ(read.size(), 4u);
   EXPECT_EQ(read.back().op, "AttributePop");
 }

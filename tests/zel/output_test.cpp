@@ -144,16 +144,11 @@ TEST_F(ZelTest, OutputAfterSkippingStartsWithHeaderAndQuarks) {
 }
 
 TEST_F(ZelTest, OneHugeRecordIsWrittenWhole) {
-  std::vector<float> points(3 * 50000, 0.125f);
-  ZelParam info = {"P", 0x0001, 4, 3, static_cast<uint32_t>(points.size())};
-  uint16_t code = 0x0001;
-  RtPointer value = points.data();
-  _zelParameterInfo(1, &info);
-  _zelPolygonV(50000, 1, &code, &value);
+  writePolygon(std::vector<float>(3 * 50000, 0.125f));
   _zelFrameBegin();
   std::vector<ZelRecord> read = records();
   ASSERT_EQ(read.size(), 2u);
-  EXPECT_EQ(read[0].params.at(0).values.items().size(), points.size());
+  EXPECT_EQ(read[0].params.at(0).values.items().size(), 150000u);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // The parameter info is the only source of value counts. A list that comes
 // without matching info is written without values, and reported.
+#include <functional>
+
 #include "tests/zel/zelfixture.h"
 
 namespace {
@@ -93,6 +95,40 @@ TEST_F(ParamsTest, NullValueArrayWritesNullValues) {
   _zelTorusV(2, 0.5f, 0, 360, 360, 1, &code_, nullptr);
   EXPECT_TRUE(records().at(1).params.at(0).values.isNull());
   EXPECT_TRUE(gReportLines.empty());
+}
+
+// The records of later versions keep the rule too, the values dropped.
+TEST_F(ParamsTest, LaterRecordsRefuseAListThatDoesNotMatchItsInfo) {
+  const char* text = "x";
+  RtPointer value = &text;
+  const char* ptcs[] = {"a.ptc"};
+  int32_t two[] = {2};
+  const std::vector<std::pair<const char*, std::function<void()>>> calls = {
+      {"ShadingNodeV", [&] { _zelShadingNodeV(kZelBxdf, "t", "h", 1, &code_, &value); }},
+      {"CameraV", [&] { _zelCameraV("c", 1, &code_, &value); }},
+      {"ResourceV", [&] { _zelResourceV("r", "t", 1, &code_, &value); }},
+      {"MakeBrickMapV", [&] { _zelMakeBrickMapV(1, ptcs, "o", 1, &code_, &value); }},
+      {"EditWorldBeginV", [&] { _zelEditWorldBeginV(1, &code_, &value); }},
+      {"NamedDisplayV", [&] { _zelNamedDisplayV("+d", "it", "rgba", 1, &code_, &value); }},
+      {"CurvesV", [&] { _zelCurvesV("linear", 1, two, "nonperiodic", 1, &code_, &value); }},
+  };
+  const ZelParam otherCode = {"Kd", 0x000E, 10, 1, 1};
+  for (const auto& [op, call] : calls) {
+    gReportLines.clear();
+    _zelParameterInfo(1, &otherCode);
+    call();
+    EXPECT_EQ(gReportLines, std::vector<std::string>{std::string("ZEL error: ") + op +
+                                                     ": the parameter info does not match its "
+                                                     "parameter list"});
+    EXPECT_TRUE(records().back().params.at(0).values.isNull()) << op;
+  }
+  const ZelParam reference = {"Kd", code_, 10, 1, 1};
+  _zelParameterInfo(1, &reference);
+  _zelShadingNodeV(kZelPattern, "t", "h", 1, &code_, &value);
+  EXPECT_EQ(recordLines().back(),
+            R"({"op":"ShadingNodeV","args":[3329,"t","h"],"params":[{"code":13,"name":"Kd",)"
+            R"("type":10,"class":1,"count":1,"values":["x"]}]})");
+  EXPECT_EQ(records().back().params.at(0).values.items().at(0).asText(), "x");
 }
 
 }  // namespace

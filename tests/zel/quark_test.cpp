@@ -34,7 +34,7 @@ TEST_F(ZelTest, QuarkRecordComesOnceWhenTheCodeIsGiven) {
 TEST_F(ZelTest, NextFileIsToldTheNameBeforeItsFirstUse) {
   uint16_t shader = static_cast<uint16_t>(_zelQuark("wood"));
   uint16_t param = static_cast<uint16_t>(_zelQuark("grain"));
-  std::string second = scratchPath("second");
+  std::string second = dir_.file("second.zel").string();
   _zelOutputFile(kZelSceneFile, second.c_str());
   _zelSurfaceV(shader, 0, nullptr, nullptr);
   auto grain = std::vector<float>{0.5f};
@@ -46,7 +46,6 @@ TEST_F(ZelTest, NextFileIsToldTheNameBeforeItsFirstUse) {
   zelFlush();
 
   ZelFile file = readZelFile(second);
-  std::filesystem::remove(second);
   std::vector<std::string> ops;
   for (const ZelRecord& record : file.records) ops.push_back(record.op);
   EXPECT_EQ(ops, (std::vector<std::string>{"Quark", "SurfaceV", "Quark", "SphereV", "SurfaceV"}));

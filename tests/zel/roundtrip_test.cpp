@@ -25,11 +25,7 @@ std::vector<float> awkwardFloats() {
 
 TEST_F(ZelTest, FloatsReadBackToTheSameBits) {
   std::vector<float> values = awkwardFloats();
-  ZelParam info = {"P", 0x0001, 4, 3, static_cast<uint32_t>(values.size())};
-  uint16_t code = 0x0001;
-  RtPointer value = values.data();
-  _zelParameterInfo(1, &info);
-  _zelPolygonV(static_cast<int32_t>(values.size() / 3), 1, &code, &value);
+  writePolygon(values);
   _zelTranslate(values[2], values[3], values[4]);
 
   std::vector<ZelRecord> read = records();
@@ -120,19 +116,6 @@ TEST_F(ZelTest, ParameterValuesOfEveryTypeComeBack) {
   EXPECT_EQ(point.tokenClass, 3);
   EXPECT_EQ(point.count, 6);
   EXPECT_TRUE(gReportLines.empty());
-}
-
-TEST_F(ZelTest, ParameterLineIsWrittenExactly) {
-  std::vector<int32_t> origin = {10, 20};
-  ZelParam info = {"origin", 0xFF15, 2, 1, 2};
-  uint16_t code = 0xFF15;
-  RtPointer value = origin.data();
-  _zelParameterInfo(1, &info);
-  _zelDiskV(0, 1, 360, 1, &code, &value);
-  EXPECT_EQ(recordLines(),
-            std::vector<std::string>{
-                R"({"op":"DiskV","args":[0,1,360],"params":[{"code":65301,"name":"origin",)"
-                R"("type":2,"class":1,"count":2,"values":[10,20]}]})"});
 }
 
 }  // namespace

@@ -3,15 +3,14 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "interface/scene/zel.h"
+#include "tests/support/files.h"
+#include "tests/support/scratchdir.h"
 #include "zel/reader/zelreader.h"
 #include "zel/zellib.h"
 
@@ -21,19 +20,13 @@ inline void captureLine(const char* line) {
   gReportLines.emplace_back(line);
 }
 
-// A path no other test process uses.
-inline std::string scratchPath(const char* tag) {
-  static int counter = 0;
-  auto name = std::string("zeltest-") + tag + "-" + std::to_string(getpid()) + "-" +
-              std::to_string(counter++) + ".zel";
-  return (std::filesystem::temp_directory_path() / name).string();
-}
-
-inline std::string fileText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
+// A polygon with these coordinates as its "P".
+inline void writePolygon(std::vector<float> points) {
+  ZelParam info = {"P", 0x0001, 4, 3, static_cast<uint32_t>(points.size())};
+  uint16_t code = 0x0001;
+  RtPointer pointer = points.data();
+  _zelParameterInfo(1, &info);
+  _zelPolygonV(static_cast<int32_t>(points.size() / 3), 1, &code, &pointer);
 }
 
 class ZelTest : public ::testing::Test {
@@ -42,20 +35,17 @@ class ZelTest : public ::testing::Test {
     zelReset();
     gReportLines.clear();
     zelSetMessageSink(captureLine);
-    path_ = scratchPath("out");
+    path_ = dir_.file("out.zel").string();
     _zelOutputFile(kZelSceneFile, path_.c_str());
   }
 
-  void TearDown() override {
-    zelReset();
-    std::filesystem::remove(path_);
-  }
+  void TearDown() override { zelReset(); }
 
   // The file's lines after the header, as written.
   std::vector<std::string> recordLines() {
     zelFlush();
     std::vector<std::string> lines;
-    std::istringstream in(fileText(path_));
+    std::istringstream in(readFile(path_));
     std::string line;
     std::getline(in, line);
     while (std::getline(in, line)) lines.push_back(line);
@@ -67,5 +57,6 @@ class ZelTest : public ::testing::Test {
     return readZelFile(path_).records;
   }
 
+  scratchdir dir_;
   std::string path_;
 };

@@ -32,6 +32,16 @@ std::vector<std::string> opsOf(const QString& zelPath) {
   return sceneops(readAll(zelPath).toStdString());
 }
 
+// The operations of a scene file that must hold whole records only.
+std::vector<std::string> wholeOps(const QString& zelPath) {
+  try {
+    return opsOf(zelPath);
+  } catch (const std::exception& e) {
+    qWarning("%s", e.what());
+    return {};
+  }
+}
+
 long countOf(const std::vector<std::string>& ops, const std::string& op) {
   return std::count(ops.begin(), ops.end(), op);
 }
@@ -42,15 +52,51 @@ class ConvertTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void aGoodFileEndsWithSuccessAndAnEmptyLog() {
+  // One run of the program: each conversion starts with an empty log, and the
+  // declarations of one are known in the next.
+  void eachConversionEndsWithItsStatusLogAndRecords() {
     scratch dir;
-    QString out = dir.file("b.zel");
-    convertresult r = convert(dir.write("a.rib", spheres(3)), out);
-    QVERIFY(r.dialogShown);
-    QCOMPARE(r.status, QString("Success."));
-    QCOMPARE(r.log, QString());
-    QCOMPARE(countOf(opsOf(out), "SphereV"), 3);
-    QVERIFY(!TRendFrame::fProgressDialog);
+    const QString gone = dir.file("gone.rib");
+    const QString full =
+        "ZEL severe error: cannot write the scene file \"/dev/full\": No space left on device";
+    const struct {
+      QByteArray rib;  // null: the input does not exist
+      QString output;  // in the folder unless absolute
+      QString status;
+      QString log;
+      std::string op;
+      long count;
+    } cases[] = {
+        {spheres(3), "a.zel", "Success.", "", "SphereV", 3},
+        {"WorldBegin\nBogus\nSphere 1 -1 1 360\nSphere 1 -1 x 360\nWorldEnd\n", "b.zel",
+         "There are warning/error messages.",
+         "RIB error: undefined RIB request at line 1 'Bogus'\n"
+         "RIB error: incorrect parameter value at line 4 'x': Expected 4 floats",
+         "SphereV", 1},
+        {"Declare \"shared\" \"uniform float\"\n", "c.zel", "Success.", "", "SphereV", 0},
+        {"WorldBegin\nSurface \"plastic\" \"shared\" 1\nWorldEnd\n", "d.zel", "Success.", "",
+         "SurfaceV", 1},
+        {QByteArray(), "e.zel",
+         "Unable to open input file \"" + gone + "\": No such file or directory", "", "", 0},
+        // /dev/full opens like any file and refuses the first block written,
+        // which a scene this large sends well before its end.
+        {spheres(20000), "/dev/full", full, "", "", 0},
+    };
+    for (const auto& c : cases) {
+      const QString in = c.rib.isNull() ? gone : dir.write("in.rib", c.rib);
+      const QString out = c.output.startsWith('/') ? c.output : dir.file(c.output);
+      convertresult r = convert(in, out);
+      QVERIFY(r.dialogShown);
+      QCOMPARE(r.status, c.status);
+      QCOMPARE(r.log, c.log);
+      // The log keeps the lines after the dialog has gone.
+      QCOMPARE(gApp->fEdit->toPlainText(), c.log);
+      if (!c.op.empty()) QCOMPARE(countOf(opsOf(out), c.op), c.count);
+      QVERIFY(!TRendFrame::fProgressDialog);
+    }
+    QVERIFY(gMsgWindow);
+    QCOMPARE(gMsgWindow->toPlainText(), full);
+    gMsgWindow->window()->close();
   }
 
   void extendedRibReadsArchivesAndADroppedFileAsksForTheOutputOnly() {
@@ -79,21 +125,6 @@ class ConvertTest : public QObject {
     static_cast<QObject*>(gApp->fFrame)->event(&drop);
     QTRY_COMPARE(asked, QStringList({"save"}));
     QCOMPARE(gApp->fInputData.fileName, in);
-  }
-
-  void aFaultyFilePutsItsLinesInTheLog() {
-    scratch dir;
-    QString out = dir.file("b.zel");
-    convertresult r = convert(
-        dir.write("a.rib", "WorldBegin\nBogus\nSphere 1 -1 1 360\nSphere 1 -1 x 360\nWorldEnd\n"),
-        out);
-    QCOMPARE(r.status, QString("There are warning/error messages."));
-    QCOMPARE(r.log,
-             QString("RIB error: undefined RIB request at line 1 'Bogus'\n"
-                     "RIB error: incorrect parameter value at line 4 'x': Expected 4 floats"));
-    QCOMPARE(countOf(opsOf(out), "SphereV"), 1);
-    // The log keeps the lines after the dialog has gone.
-    QCOMPARE(gApp->fEdit->toPlainText(), r.log);
   }
 
   void theStatusLineNamesTheFilesWithoutTheirFolders() {
@@ -129,12 +160,7 @@ class ConvertTest : public QObject {
     QVERIFY(progressAtCancel >= 100);
     QVERIFY(progressAtCancel < 1000);
     QVERIFY(!TRendFrame::fProgressDialog);
-    std::vector<std::string> ops;
-    try {
-      ops = opsOf(out);  // throws unless every record is whole
-    } catch (const std::exception& e) {
-      QFAIL(e.what());
-    }
+    const std::vector<std::string> ops = wholeOps(out);
     long converted = countOf(ops, "SphereV");
     QVERIFY(converted > 0);
     QVERIFY(converted < total);
@@ -142,64 +168,28 @@ class ConvertTest : public QObject {
     QCOMPARE(countOf(ops, "WorldEnd"), 0);
   }
 
-  void anInputThatCannotBeOpenedEndsWithTheReason() {
-    scratch dir;
-    QString in = dir.file("gone.rib");
-    convertresult r = convert(in, dir.file("b.zel"));
-    QVERIFY(r.dialogShown);
-    QCOMPARE(r.status, "Unable to open input file \"" + in + "\": No such file or directory");
-    QCOMPARE(r.log, QString());
-  }
-
-  // /dev/full opens like any file and refuses the first block written, which
-  // a scene this large sends well before its end.
-  void aFullDiskEndsTheConversionWithTheWriteError() {
-    scratch dir;
-    convertresult r = convert(dir.write("a.rib", spheres(20000)), "/dev/full");
-    const QString reason =
-        "ZEL severe error: cannot write the scene file \"/dev/full\": No space left on device";
-    QVERIFY(r.dialogShown);
-    QCOMPARE(r.status, reason);
-    QCOMPARE(r.log, QString());
-    QVERIFY(gMsgWindow);
-    QCOMPARE(gMsgWindow->toPlainText(), reason);
-    gMsgWindow->window()->close();
-  }
-
-  void anUnwritableOutputShowsTheWarningAndConvertsNothing() {
+  // A folder that does not exist, and the input itself.
+  void anOutputThatCannotBeWrittenShowsTheWarningAndConvertsNothing() {
     scratch dir;
     convert(dir.write("bad.rib", "Bogus\n"), dir.file("bad.zel"));
     QString logBefore = gApp->fEdit->toPlainText();
     QVERIFY(!logBefore.isEmpty());
-
-    QString in = dir.write("a.rib", spheres(1));
-    convertresult r;
-    bool warned = answerModal([&] { r = convert(in, dir.file("missing/b.zel")); },
-                              [](QWidget& modal) {
-                                auto* box = qobject_cast<QMessageBox*>(&modal);
-                                QVERIFY(box);
-                                QCOMPARE(box->windowTitle(), QString("File Error"));
-                                QCOMPARE(box->text(), QString("Unable to open file"));
-                                QCOMPARE(box->icon(), QMessageBox::Warning);
-                              });
-    QVERIFY(warned);
-    QVERIFY(!r.dialogShown);
-    QCOMPARE(gApp->fEdit->toPlainText(), logBefore);
-  }
-
-  void theOutputMayNotBeTheInput() {
-    scratch dir;
-    QByteArray rib = spheres(2);
-    QString in = dir.write("a.rib", rib);
-    convertresult r;
-    bool warned = answerModal([&] { r = convert(in, in); },
-                              [](QWidget& modal) {
-                                auto* box = qobject_cast<QMessageBox*>(&modal);
-                                QVERIFY(box);
-                                QCOMPARE(box->text(), QString("Unable to open file"));
-                              });
-    QVERIFY(warned);
-    QVERIFY(!r.dialogShown);
+    const QByteArray rib = spheres(2);
+    const QString in = dir.write("a.rib", rib);
+    for (const QString& out : {dir.file("missing/b.zel"), in}) {
+      convertresult r;
+      bool warned = answerModal([&] { r = convert(in, out); },
+                                [](QWidget& modal) {
+                                  auto* box = qobject_cast<QMessageBox*>(&modal);
+                                  QVERIFY(box);
+                                  QCOMPARE(box->windowTitle(), QString("File Error"));
+                                  QCOMPARE(box->text(), QString("Unable to open file"));
+                                  QCOMPARE(box->icon(), QMessageBox::Warning);
+                                });
+      QVERIFY(warned);
+      QVERIFY(!r.dialogShown);
+      QCOMPARE(gApp->fEdit->toPlainText(), logBefore);
+    }
     QCOMPARE(readAll(in), rib);
   }
 
@@ -217,28 +207,6 @@ class ConvertTest : public QObject {
       QCOMPARE(gApp->fEdit->toPlainText(), logBefore);
       QCOMPARE(readAll(out), QByteArray("old"));
     }
-  }
-
-  void aSecondConversionStartsWithAnEmptyLog() {
-    scratch dir;
-    convertresult first = convert(dir.write("bad.rib", "Bogus\n"), dir.file("1.zel"));
-    QCOMPARE(first.status, QString("There are warning/error messages."));
-    convertresult second = convert(dir.write("good.rib", "Declare \"carried\" \"uniform float\"\n"),
-                                   dir.file("2.zel"));
-    QCOMPARE(second.status, QString("Success."));
-    QCOMPARE(second.log, QString());
-  }
-
-  void conversionsShareTheDeclaredTokens() {
-    // An undeclared parameter would fail the request; the declaration of the
-    // previous conversion is still known.
-    scratch dir;
-    convert(dir.write("declare.rib", "Declare \"shared\" \"uniform float\"\n"), dir.file("1.zel"));
-    QString out = dir.file("2.zel");
-    convertresult r = convert(
-        dir.write("use.rib", "WorldBegin\nSurface \"plastic\" \"shared\" 1\nWorldEnd\n"), out);
-    QCOMPARE(r.status, QString("Success."));
-    QCOMPARE(countOf(opsOf(out), "SurfaceV"), 1);
   }
 
   // Last, as each closes the windows; they are shown again for the next.
@@ -261,12 +229,7 @@ class ConvertTest : public QObject {
       QVERIFY2(asked, name);
       QVERIFY2(!TRendFrame::fProgressDialog, name);
       QVERIFY2(!gApp->fFrame->isVisible(), name);
-      std::vector<std::string> ops;
-      try {
-        ops = opsOf(out);  // throws unless every record is whole
-      } catch (const std::exception& e) {
-        QFAIL(e.what());
-      }
+      const std::vector<std::string> ops = wholeOps(out);
       QVERIFY2(countOf(ops, "SphereV") > 0 && countOf(ops, "SphereV") < total, name);
       gApp->fFrame->show();
     }

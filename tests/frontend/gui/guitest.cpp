@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
-#include <QFile>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
@@ -23,19 +22,6 @@ constexpr int kPollMs = 2;
 constexpr int kGiveUpMs = 120'000;
 
 }  // namespace
-
-QString scratch::write(const QString& name, const QByteArray& bytes) const {
-  QString path = file(name);
-  QFile f(path);
-  if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size())
-    qFatal("cannot write test file");
-  return path;
-}
-
-QByteArray readAll(const QString& path) {
-  QFile f(path);
-  return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 convertresult convert(const QString& input, const QString& output, const dialogcheck& running,
                       const dialogcheck& finished) {

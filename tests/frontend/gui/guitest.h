@@ -4,25 +4,32 @@
 #pragma once
 
 #include <QString>
-#include <QTemporaryDir>
 #include <functional>
+
+#include "tests/support/files.h"
+#include "tests/support/scratchdir.h"
 
 class QWidget;
 class TProgressDialog;
 class TRendEdit;
 
-// A fresh folder for one test, removed afterwards.
+// The test folder of the other suites, in Qt's words.
 class scratch {
  public:
-  QString file(const QString& name) const { return dir_.filePath(name); }
-  // Writes bytes to a file in the folder and returns its path.
-  QString write(const QString& name, const QByteArray& bytes) const;
+  QString file(const QString& name) const {
+    return QString::fromStdString(dir_.file(name.toStdString()));
+  }
+  QString write(const QString& name, const QByteArray& bytes) const {
+    return QString::fromStdString(dir_.write(name.toStdString(), bytes.toStdString()));
+  }
 
  private:
-  QTemporaryDir dir_;
+  scratchdir dir_;
 };
 
-QByteArray readAll(const QString& path);
+inline QByteArray readAll(const QString& path) {
+  return QByteArray::fromStdString(readFile(path.toStdString()));
+}
 
 struct convertresult {
   bool dialogShown = false;

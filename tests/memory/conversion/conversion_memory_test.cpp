@@ -11,7 +11,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <new>
 #include <regex>
@@ -20,6 +19,7 @@
 
 #include "frontend/conversion.h"
 #include "tests/memory/conversion/walkallocator.h"
+#include "tests/support/files.h"
 #include "tests/support/scratchdir.h"
 #include "zel/reader/zelreader.h"
 
@@ -101,11 +101,8 @@ std::vector<std::string> readRecords(const fs::path& p, std::string& unreadable)
   } catch (const ZelReadError& e) {
     unreadable = e.what();
   }
-  std::vector<std::string> lines;
-  std::ifstream in(p, std::ios::binary);
-  std::string line;
-  std::getline(in, line);  // the header
-  while (std::getline(in, line)) lines.push_back(line);
+  std::vector<std::string> lines = splitLines(readFile(p));
+  if (!lines.empty()) lines.erase(lines.begin());  // the header
   return lines;
 }
 
@@ -122,12 +119,12 @@ run convert(const scratch& files, Arm arm, bool echo = false) {
   // neither counts nor fails.
   req.log = [&r](const char* line) {
     std::string copy = std::string(line) + "\n";
-    walkallocator::Pause pause;
+    failingallocator::Pause pause;
     r.log.emplace_back(line);
   };
   req.messages = [&r, echo](const char* line) {
     std::string copy = std::string(line) + "\n";
-    walkallocator::Pause pause;
+    failingallocator::Pause pause;
     r.messages.emplace_back(line);
     if (echo) std::fprintf(stderr, "%s\n", line);
   };
@@ -144,13 +141,13 @@ run convert(const scratch& files, Arm arm, bool echo = false) {
       while (c.step()) {
       }
     }
-    walkallocator::disarm();
-    r.allocations = walkallocator::count();
+    failingallocator::disarm();
+    r.allocations = failingallocator::count();
     r.phase = c.state();
   }
   r.outcome = walkallocator::outcome();
   r.riCall = walkallocator::riCall();
-  walkallocator::Pause pause;
+  failingallocator::Pause pause;
   r.records = readRecords(files.output(), r.unreadable);
   return r;
 }
@@ -265,7 +262,7 @@ TEST(ConversionMemoryWalkDeathTest, FailureInsideANamedRiCallEndsTheProgramWithA
     SCOPED_TRACE(call);
     const uint64_t at = n;
     EXPECT_DEATH(convert(
-                     files, [at] { walkallocator::failRegardless(at); }, true),
+                     files, [at] { failingallocator::failNth(at); }, true),
                  "severe error: Out of memory\\. " + call + ": free store exhausted");
   }
 }

@@ -17,7 +17,7 @@ TEST(SceneNamesMemory, EveryAllocationWhileANameGetsItsCodeMayFail) {
   std::map<int32_t, std::string> owners;  // code -> name
   auto codeOf = [&owners](const std::string& name) {
     const int32_t code = _zelQuark(name.c_str());
-    walkallocator::Pause pause;
+    failingallocator::Pause pause;
     auto [it, fresh] = owners.emplace(code, name);
     EXPECT_EQ(it->second, name) << "code " << code << " given to two names";
     return code;
@@ -31,7 +31,7 @@ TEST(SceneNamesMemory, EveryAllocationWhileANameGetsItsCodeMayFail) {
     } catch (const std::bad_alloc&) {
       ++failures;
     }
-    walkallocator::disarm();
+    failingallocator::disarm();
     if (walkallocator::outcome() == walkallocator::Outcome::none) break;
     // The name that met the failure, asked again, and a new one.
     EXPECT_NE(codeOf(name), 0);

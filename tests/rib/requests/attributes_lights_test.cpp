@@ -5,12 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/rib/requests/conversion.h"
+#include "tests/rib/requests/requesttable.h"
 
 namespace {
-
-using Lines = std::vector<std::string>;
-using Ops = std::vector<std::string>;
 
 // The handle of the light that a LightSwitch record turned on or off must be
 // the handle the library gave a LightSourceV record.
@@ -60,11 +57,7 @@ TEST(LightRequests, TheLastNumberIsTheHighestSoFar) {
 
 // Each RIB text with the whole report lines and the records it gives.
 TEST(LightTransformRequests, ReportsAndRecordsOfEachRequest) {
-  const struct {
-    const char* rib;
-    Lines log;
-    Ops ops;
-  } cases[] = {
+  expectEach({
       // Illuminate of an unknown number reports once and skips its Boolean.
       {"Illuminate 9 2 WorldBegin",
        {"RIB warning: invalid light or object handle at line 1 '2': Unknown light handle 9"},
@@ -79,19 +72,30 @@ TEST(LightTransformRequests, ReportsAndRecordsOfEachRequest) {
        "Scale 1 2 3\n",
        {"RIB error: general syntactic error at line 1 'Translate': Expected float",
         "RIB error: general syntactic error at line 2 '1': Expected character '['"},
-       {"Skew", "Scale"}}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.rib);
-    Conversion conversion = convert(c.rib);
-    EXPECT_EQ(conversion.log, c.log);
-    EXPECT_EQ(conversion.ops(), c.ops);
-  }
-}
-
-TEST(LightRequests, IlluminateWantsABooleanForAKnownLight) {
-  Conversion c = convert("LightSource \"pointlight\" 1 Illuminate 1 2 WorldBegin");
-  EXPECT_EQ(c.log, (Lines{"RIB error: general syntactic error at line 1 '2': Expected Boolean"}));
-  EXPECT_TRUE(c.records("LightSwitch").empty());
+       {"Skew 45 0 1 0 1 0 0", "Scale 1 2 3"}},
+      // Illuminate wants a Boolean for a known light.
+      {"LightSource \"pointlight\" 1 Illuminate 1 2 WorldBegin",
+       {"RIB error: general syntactic error at line 1 '2': Expected Boolean"},
+       {"LightSourceV 18", "SceneBegin"}},
+      // Area lights share the table with lights.
+      {"AreaLightSource \"arealight\" 4 Illuminate 4 1 WorldBegin",
+       {},
+       {"LightSwitch 0 1", "SceneBegin"}},
+      // Colours take their three numbers bare or bracketed.
+      {"Color 0.1 0.2 0.3 Color [0.1 0.2 0.3] Opacity [1 0.5 0]",
+       {},
+       {"Color [0.1,0.2,0.3]", "Color [0.1,0.2,0.3]", "Opacity [1,0.5,0]"}},
+      // Attribute passes over undeclared parameters and names.
+      {"Attribute \"nosuchattribute\" \"name\" [\"a\"]\n"
+       "Attribute \"identifier\" \"nosuch\" [1 2 3] \"name\" \"lamp\"\n"
+       "Attribute \"identifier\" \"Ka\" 1\n",
+       {"RIB error: general syntactic error at line 3 '1': Expected character '['"},
+       {"ObjectName \"lamp\""}},
+      // A shader with an undeclared parameter is dropped silently.
+      {"Surface \"plastic\" \"nosuch\" 1 Surface \"matte\" \"Kd\" 0.5",
+       {},
+       {"SurfaceV 9 {Kd 1 1 1 [0.5]}"}},
+  });
 }
 
 TEST(LightRequests, ANumberUsedAgainSwitchesTheNewestLight) {
@@ -100,39 +104,6 @@ TEST(LightRequests, ANumberUsedAgainSwitchesTheNewestLight) {
   ASSERT_EQ(lights.size(), 2u);
   EXPECT_NE(lights[0].handle, lights[1].handle);
   EXPECT_EQ(switchedLight(c), lights[1].handle.value_or(-1));
-}
-
-TEST(LightRequests, AreaLightsShareTheTableWithLights) {
-  Conversion c = convert("AreaLightSource \"arealight\" 4 Illuminate 4 1 WorldBegin");
-  EXPECT_TRUE(c.log.empty());
-  EXPECT_EQ(c.records("LightSwitch").size(), 1u);
-}
-
-TEST(AttributeRequests, ColorTakesItsThreeNumbersBareOrBracketed) {
-  Conversion c = convert("Color 0.1 0.2 0.3 Color [0.1 0.2 0.3] Opacity [1 0.5 0]");
-  EXPECT_TRUE(c.log.empty());
-  std::vector<ZelRecord> colors = c.records("Color");
-  ASSERT_EQ(colors.size(), 2u);
-  EXPECT_EQ(colors[0].args.at(0).asFloats(), colors[1].args.at(0).asFloats());
-  EXPECT_EQ(c.only("Opacity").args.at(0).asFloats(), (std::vector<float>{1, 0.5f, 0}));
-}
-
-TEST(AttributeRequests, AttributePassesOverUndeclaredParametersAndNames) {
-  Conversion c = convert(
-      "Attribute \"nosuchattribute\" \"name\" [\"a\"]\n"
-      "Attribute \"identifier\" \"nosuch\" [1 2 3] \"name\" \"lamp\"\n"
-      "Attribute \"identifier\" \"Ka\" 1\n");
-  EXPECT_EQ(c.log, (Lines{"RIB error: general syntactic error at line 3 '1': "
-                          "Expected character '['"}));
-  EXPECT_EQ(c.ops(), (Ops{"ObjectName"}));
-  EXPECT_EQ(c.only("ObjectName").args.at(0).asText(), "lamp");
-}
-
-TEST(AttributeRequests, SurfaceWithAnUndeclaredParameterIsDroppedSilently) {
-  Conversion c = convert("Surface \"plastic\" \"nosuch\" 1 Surface \"matte\" \"Kd\" 0.5");
-  EXPECT_TRUE(c.log.empty());
-  ASSERT_EQ(c.records("SurfaceV").size(), 1u);
-  EXPECT_EQ(paramFloats(c.only("SurfaceV"), "Kd"), (std::vector<float>{0.5f}));
 }
 
 }  // namespace

@@ -2,25 +2,15 @@
 // without a single message on either error path.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "tests/rib/requests/conversion.h"
+#include "tests/support/files.h"
 
 namespace {
 
-std::string readExample(const std::string& name) {
-  const char* root = std::getenv("RZ_SOURCE_DIR");
-  std::ifstream in(std::string(root ? root : ".") + "/examples/" + name, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 TEST(FullScene, ConvertsWithoutAMessageAndEndsItsFrame) {
-  const std::string rib = readExample("full_scene.rib");
+  const std::string rib = readFile(sourcePath("examples/full_scene.rib"));
   ASSERT_FALSE(rib.empty());
   Conversion c = convert(rib);
   EXPECT_TRUE(c.log.empty()) << c.log.front();

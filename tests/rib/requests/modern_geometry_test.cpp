@@ -107,8 +107,6 @@ TEST_P(ModernBadForms, AreReportedAndPassedOver) {
   EXPECT_EQ(ops, (std::vector<std::string>{"SphereV"}));
 }
 
-constexpr const char* kTriangle = "[3] [0 1 2]";
-
 INSTANTIATE_TEST_SUITE_P(
     Requests, ModernBadForms,
     testing::Values(
@@ -173,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "its code makes 1 primitives"}));
 
 TEST(ModernGeometry, RecordsKeepTheArgumentsAsRead) {
-  Conversion c = convert(withP(std::string("SubdivisionMesh \"pyramid\" ") + kTriangle +
+  Conversion c = convert(withP(std::string("SubdivisionMesh \"pyramid\" [3] [0 1 2]") +
                                    " [\"crease\" \"hole\"] [2 1 1 0] [0 1 0] [2.5]",
                                3) +
                              " Curves \"linear\" [2] \"periodic\" \"P\" " + numbers(6) +
@@ -189,12 +187,6 @@ TEST(ModernGeometry, RecordsKeepTheArgumentsAsRead) {
   const ZelRecord curves = c.only("CurvesV");
   EXPECT_EQ(paramFloats(curves, "width"), (std::vector<float>{1, 2}));
   EXPECT_EQ(paramFloats(curves, "constantwidth"), (std::vector<float>{0.5f}));
-}
-
-TEST(ModernGeometry, TheClassicReaderKnowsNoneOfThem) {
-  Conversion c = convert(std::string("HierarchicalSubdivisionMesh \"loop\" ") + kTriangle);
-  EXPECT_EQ(c.log,
-            (Lines{"RIB error: undefined RIB request at line 1 'HierarchicalSubdivisionMesh'"}));
 }
 
 }  // namespace

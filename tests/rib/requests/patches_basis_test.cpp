@@ -6,11 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/rib/requests/conversion.h"
+#include "tests/rib/requests/requesttable.h"
 
 namespace {
 
-using Lines = std::vector<std::string>;
 using Ops = std::vector<std::string>;
 
 std::string pointParam(const char* name, int count) {
@@ -79,17 +78,6 @@ TEST(BasisRequests, StepsSetInsideAnAttributeBlockOutliveIt) {
   EXPECT_EQ(c.records("Basis").at(1).args.at(1).asInt(), 0x0901);
 }
 
-TEST(BasisRequests, AStandardBasisGoesByNameAndAMatrixAsItsNumbers) {
-  Conversion mixed = convert("Basis \"bezier\" 3 " + numbers(16) + " 2");
-  EXPECT_TRUE(mixed.log.empty());
-  EXPECT_EQ(mixed.ops(), (Ops{"Basis", "CustomBasis"}));
-  EXPECT_EQ(mixed.only("Basis").args.at(0).asInt(), 0x0800);
-  EXPECT_EQ(mixed.only("Basis").args.at(1).asInt(), 0x0900);
-  EXPECT_EQ(mixed.only("CustomBasis").args.at(0).asInt(), 0x0801);
-  EXPECT_EQ(mixed.only("CustomBasis").args.at(1).asFloats().at(15), 15.0f);
-  EXPECT_EQ(mixed.only("CustomBasis").args.at(2).asInt(), 2);
-}
-
 TEST(BasisRequests, AFailedBasisChangesNeitherStep) {
   Conversion c = convert("Basis \"b-spline\" 1 \"nope\" 1\nBasis \"bezier\" 3.0 \"bezier\" 1\n" +
                          std::string("PatchMesh \"bicubic\" 7 \"nonperiodic\" 4 \"nonperiodic\"") +
@@ -136,29 +124,37 @@ TEST(PatchRequests, NuPatchKnotVectorsHoldPointsPlusOrder) {
   EXPECT_TRUE(shortOne.records("NurbMeshV").empty());
 }
 
-// Inside a motion block only the first motion-sensitive call takes effect, so
-// a sphere that follows a request in the block shows whether that request
-// reached its Ri call.
-bool reachedItsCall(const std::string& request) {
-  Conversion c = convert("MotionBegin [0 1] " + request + " Sphere 1 -1 1 360 MotionEnd");
-  return c.records("SphereV").empty();
-}
-
-TEST(PatchRequests, TrimCurveWithAnInconsistentKnotCountStillReachesItsCall) {
+// Each RIB text with the whole report lines and the records it gives.
+TEST(PatchRequests, ReportsAndRecordsOfEachRequest) {
   const std::string trim = "TrimCurve [1] [3] [0 1] [0] [1] [3] [0 1 0] [0 0 1] [1 1 1]";
-  Conversion c = convert(trim);
-  EXPECT_EQ(c.log, (Lines{"RIB error: incorrect parameter value at line 1 '3': "
-                          "Number of knots inconsistent with order and n."}));
-  EXPECT_TRUE(reachedItsCall(trim));
-  EXPECT_TRUE(
-      reachedItsCall("TrimCurve [1] [3] [0 0 0 1 1 1] [0] [1] [3] [0 1 0] [0 0 1] [1 1 1]"));
-  EXPECT_FALSE(reachedItsCall("TrimCurve [1] [3] [0 0 0 1 1 1] [0] [1] [3] [0 1] [0 0 1] [1 1 1]"));
-}
-
-TEST(PatchRequests, TrimCurveWithNoCurvesEndsAfterItsSecondArray) {
-  Conversion c = convert("TrimCurve [0] [] [0] [] [] [] [] [] [] WorldBegin");
-  EXPECT_EQ(c.log, (Lines{"RIB error: general syntactic error at line 1 '0': Expected Keyword"}));
-  EXPECT_EQ(c.ops(), (Ops{"SceneBegin"}));
+  // Inside a motion block only the first motion-sensitive call takes effect,
+  // so a sphere after a TrimCurve shows whether it reached its call.
+  const auto inMotion = [](const std::string& request) {
+    return "MotionBegin [0 1] " + request + " Sphere 1 -1 1 360 MotionEnd";
+  };
+  expectEach({
+      // A standard basis goes by name, a matrix as its numbers.
+      {"Basis \"bezier\" 3 " + numbers(16) + " 2",
+       {},
+       {"Basis 2048 2304", "CustomBasis 2049 [0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15] 2"}},
+      // A TrimCurve with an inconsistent knot count still reaches its call.
+      {trim,
+       {"RIB error: incorrect parameter value at line 1 '3': Number of knots inconsistent with "
+        "order and n."},
+       {}},
+      {inMotion(trim),
+       {"RIB error: incorrect parameter value at line 1 '3': Number of knots inconsistent with "
+        "order and n."},
+       {}},
+      {inMotion("TrimCurve [1] [3] [0 0 0 1 1 1] [0] [1] [3] [0 1 0] [0 0 1] [1 1 1]"), {}, {}},
+      {inMotion("TrimCurve [1] [3] [0 0 0 1 1 1] [0] [1] [3] [0 1] [0 0 1] [1 1 1]"),
+       {"RIB error: incorrect parameter value at line 1 '1': Expected 3 floats"},
+       {"SphereV 1 -1 1 360"}},
+      // With no curves it ends after its second array.
+      {"TrimCurve [0] [] [0] [] [] [] [] [] [] WorldBegin",
+       {"RIB error: general syntactic error at line 1 '0': Expected Keyword"},
+       {"SceneBegin"}},
+  });
 }
 
 }  // namespace

@@ -5,11 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/rib/requests/conversion.h"
+#include "tests/rib/requests/requesttable.h"
 
 namespace {
 
-using Lines = std::vector<std::string>;
 using Ops = std::vector<std::string>;
 using namespace std::string_literals;
 
@@ -54,66 +53,56 @@ INSTANTIATE_TEST_SUITE_P(AllSeven, Quadrics,
                                          QuadricCase{"Disk", "DiskV", 3},
                                          QuadricCase{"Torus", "TorusV", 5}));
 
-TEST(QuadricRequests, BareAndBracketedNumbersMakeTheSameCall) {
-  Conversion c = convert("Sphere 1 -1 1 360 Sphere [1 -1 1 360]");
-  std::vector<ZelRecord> spheres = c.records("SphereV");
-  ASSERT_EQ(spheres.size(), 2u);
-  for (size_t i = 0; i < 4; ++i) {
-    EXPECT_EQ(spheres[0].args.at(i).asFloat(), spheres[1].args.at(i).asFloat());
-  }
-}
-
-TEST(QuadricRequests, AFifthBareNumberIsLeftForTheNextStatement) {
-  Conversion c = convert("Sphere 1 -1 1 360 0 WorldBegin");
-  EXPECT_EQ(c.ops(), (Ops{"SphereV", "SceneBegin"}));
-  EXPECT_EQ(c.log, (Lines{"RIB error: general syntactic error at line 1 '0': Expected Keyword"}));
-
-  Conversion bracketed = convert("Sphere [1 -1 1 360 0] WorldBegin");
-  EXPECT_EQ(bracketed.ops(), (Ops{"SceneBegin"}));
-  EXPECT_EQ(bracketed.log, (Lines{"RIB error: general syntactic error at line 1 '0': "
-                                  "Expected character ']'"}));
-}
-
-TEST(QuadricRequests, AVaryingColourWantsFourValues) {
-  Conversion c = convert("Sphere 1 -1 1 360 \"Cs\" [1 0 0]");
-  EXPECT_EQ(c.log, (Lines{"RIB error: invalid color specification at line 1 '0': "
-                          "4 items expected for parameter 'Cs'"}));
-  EXPECT_TRUE(c.ops().empty());
-}
-
-TEST(QuadricRequests, HyperboloidPassesItsTwoPointsAndSweep) {
-  Conversion c = convert("Hyperboloid 1 0 0 1 1 1 360");
-  const ZelRecord h = c.only("HyperboloidV");
-  EXPECT_EQ(h.args.at(0).asFloats(), (std::vector<float>{1, 0, 0}));
-  EXPECT_EQ(h.args.at(1).asFloats(), (std::vector<float>{1, 1, 1}));
-  EXPECT_EQ(h.args.at(2).asFloat(), 360.0f);
-}
-
-TEST(QuadricRequests, BinaryAndAsciiEncodingsMakeTheSameSphere) {
+// Each RIB text with the whole report lines and the records it gives.
+TEST(QuadricObjectMotionRequests, ReportsAndRecordsOfEachRequest) {
   // Request code 0 defined as Sphere, then used, then four IEEE floats.
-  const std::string binary =
+  const std::string binarySphere =
       "\xCC\x00Sphere\xA6\x00\xC8\x04"
       "\x3F\x80\x00\x00\xBF\x80\x00\x00\x3F\x80\x00\x00\x43\xB4\x00\x00"s;
-  Conversion c = convert(binary + " Sphere 1 -1 1 360");
-  EXPECT_TRUE(c.log.empty());
-  std::vector<ZelRecord> spheres = c.records("SphereV");
-  ASSERT_EQ(spheres.size(), 2u);
-  for (size_t i = 0; i < 4; ++i) {
-    EXPECT_EQ(spheres[0].args.at(i).asFloat(), spheres[1].args.at(i).asFloat());
-  }
-}
-
-// Inside a motion block only the first motion-sensitive call takes effect, so
-// a sphere that follows a request in the block shows whether that request
-// reached its Ri call.
-bool reachedItsCall(const std::string& request) {
-  Conversion c = convert("MotionBegin [0 1] " + request + " Sphere 1 -1 1 360 MotionEnd");
-  return c.records("SphereV").empty();
-}
-
-TEST(GeometryRequests, AGeometryTypeMustBeDeclaredAndIsThenPassedOnWithAnyList) {
-  EXPECT_FALSE(reachedItsCall("Geometry \"kettle\" \"Cs\" [1 0 0]"));
-  EXPECT_TRUE(reachedItsCall("Declare \"kettle\" \"string\" Geometry \"kettle\" \"Cs\" [1 0 0]"));
+  expectEach({
+      {"Sphere 1 -1 1 360 Sphere [1 -1 1 360]", {}, {"SphereV 1 -1 1 360", "SphereV 1 -1 1 360"}},
+      {binarySphere + " Sphere 1 -1 1 360", {}, {"SphereV 1 -1 1 360", "SphereV 1 -1 1 360"}},
+      // A fifth bare number is left for the next statement.
+      {"Sphere 1 -1 1 360 0 WorldBegin",
+       {"RIB error: general syntactic error at line 1 '0': Expected Keyword"},
+       {"SphereV 1 -1 1 360", "SceneBegin"}},
+      {"Sphere [1 -1 1 360 0] WorldBegin",
+       {"RIB error: general syntactic error at line 1 '0': Expected character ']'"},
+       {"SceneBegin"}},
+      {"Sphere 1 -1 1 360 \"Cs\" [1 0 0]",
+       {"RIB error: invalid color specification at line 1 '0': 4 items expected for parameter "
+        "'Cs'"},
+       {}},
+      {"Hyperboloid 1 0 0 1 1 1 360", {}, {"HyperboloidV [1,0,0] [1,1,1] 360"}},
+      // Inside a motion block only the first motion-sensitive call takes
+      // effect, so a sphere after a Geometry shows whether it reached its call:
+      // a type must be declared and is then passed on with any list.
+      {"MotionBegin [0 1] Geometry \"kettle\" \"Cs\" [1 0 0] Sphere 1 -1 1 360 MotionEnd",
+       {},
+       {"SphereV 1 -1 1 360"}},
+      {"Declare \"kettle\" \"string\"\n"
+       "MotionBegin [0 1] Geometry \"kettle\" \"Cs\" [1 0 0] Sphere 1 -1 1 360 MotionEnd",
+       {},
+       {}},
+      // -1 is object 65535, without a leap warning.
+      {"ObjectBegin -1 ObjectEnd ObjectInstance 65535",
+       {"RIB error: invalid light or object handle at line 1 'ObjectEnd': Object handle -1 is not "
+        "in range 0 - 65535"},
+       {"ObjectBegin", "ObjectEnd", "ObjectCall 1"}},
+      // An unknown object is a warning, and the next request is read.
+      {"ObjectInstance 9 WorldBegin",
+       {"RIB warning: invalid light or object handle at line 1 'WorldBegin': Unknown object "
+        "handle 9"},
+       {"SceneBegin"}},
+      // Times must stand in brackets.
+      {"MotionBegin 0.5 MotionBegin [] WorldBegin",
+       {"RIB error: general syntactic error at line 1 '0.5': Expected character '['",
+        "RIB error: incorrect parameter value at line 1 'MotionBegin': Expected at least one "
+        "float"},
+       {"SceneBegin"}},
+      // A block of one time opens like any other: the colour takes its place.
+      {"MotionBegin [0.5] Color [1 0 0] Sphere 1 -1 1 360 MotionEnd", {}, {"Color [1,0,0]"}},
+  });
 }
 
 TEST(ObjectRequests, ANumberOutOfRangeIsFiledUnderItsLow16Bits) {
@@ -127,37 +116,11 @@ TEST(ObjectRequests, ANumberOutOfRangeIsFiledUnderItsLow16Bits) {
   }
 }
 
-TEST(ObjectRequests, MinusOneIsObject65535WithoutALeapWarning) {
-  Conversion c = convert("ObjectBegin -1 ObjectEnd ObjectInstance 65535");
-  EXPECT_EQ(c.log, (Lines{"RIB error: invalid light or object handle at line 1 'ObjectEnd': "
-                          "Object handle -1 is not in range 0 - 65535"}));
-  EXPECT_EQ(c.records("ObjectCall").size(), 1u);
-}
-
 TEST(ObjectRequests, TheNewestObjectOfANumberIsTheOneCalled) {
   Conversion c = convert("ObjectBegin 2 ObjectEnd ObjectBegin 2 ObjectEnd ObjectInstance 2");
   std::vector<ZelRecord> objects = c.records("ObjectBegin");
   ASSERT_EQ(objects.size(), 2u);
   EXPECT_EQ(c.only("ObjectCall").args.at(0).asInt(), objects[1].handle.value_or(-1));
-}
-
-TEST(ObjectRequests, AnUnknownObjectIsAWarningAndTheNextRequestIsRead) {
-  Conversion c = convert("ObjectInstance 9 WorldBegin");
-  EXPECT_EQ(c.log, (Lines{"RIB warning: invalid light or object handle at line 1 'WorldBegin': "
-                          "Unknown object handle 9"}));
-  EXPECT_EQ(c.ops(), (Ops{"SceneBegin"}));
-}
-
-TEST(MotionRequests, TimesMustStandInBrackets) {
-  Conversion c = convert("MotionBegin 0.5 MotionBegin [] WorldBegin");
-  EXPECT_EQ(c.log,
-            (Lines{"RIB error: general syntactic error at line 1 '0.5': Expected character '['",
-                   "RIB error: incorrect parameter value at line 1 'MotionBegin': "
-                   "Expected at least one float"}));
-
-  // A block of one time opens like any other: the colour takes its place.
-  Conversion one = convert("MotionBegin [0.5] Color [1 0 0] Sphere 1 -1 1 360 MotionEnd");
-  EXPECT_EQ(one.ops(), (Ops{"Color"}));
 }
 
 }  // namespace

@@ -8,38 +8,41 @@
 
 #include "rib/bytesource.h"
 #include "rib/requests/rendrib.h"
-#include "tests/rib/requests/conversion.h"
+#include "tests/rib/requests/requesttable.h"
 
 namespace {
 
-using Lines = std::vector<std::string>;
 using Ops = std::vector<std::string>;
 
 const std::string kTexture = "MakeTexture \"in.tif\" \"out.tex\" \"periodic\" \"clamp\" ";
 
-TEST(TextureRequests, AreReadToTheirEndAndTheStreamStaysInStep) {
-  Conversion c =
-      convert(kTexture + "\"gaussian\" 2 2 \"fov\" [1]\n" +
-              "MakeTexture \"a\" \"b\" \"sideways\" \"nowhere\" \"box\" 1 1\n" +
-              "MakeBump \"a\" \"b\" \"black\" \"black\" \"sinc\" 4 4\n" +
-              "MakeLatLongEnvironment \"a\" \"b\" \"triangle\" 1 1\n" +
-              "MakeCubeFaceEnvironment \"1\" \"2\" \"3\" \"4\" \"5\" \"6\" \"out\" 90 " +
-              "\"catmull-rom\" 2 2\n" + "MakeShadow [\"z.tif\"] \"z.shd\"\n" + "WorldBegin");
-  EXPECT_TRUE(c.log.empty());
-  EXPECT_EQ(c.ops(), (Ops{"SceneBegin"}));
-}
-
-TEST(TextureRequests, FaultsEndTheRequestAndSkipTheRest) {
-  Conversion c =
-      convert(kTexture + "\"Gaussian\" 2 2\n" + kTexture + "\"gaussian\" 2 WorldBegin\n" +
-              "MakeCubeFaceEnvironment \"1\" \"2\" \"3\" \"4\" \"5\" \"6\" \"out\" " +
-              "\"box\" 2 2 WorldEnd");
-  EXPECT_EQ(c.log,
-            (Lines{"RIB error: general syntactic error at line 1 '2': "
-                   "Unknown filter function 'Gaussian'",
-                   "RIB error: general syntactic error at line 2 'WorldBegin': Expected float",
-                   "RIB error: general syntactic error at line 3 'box': Expected float"}));
-  EXPECT_EQ(c.ops(), (Ops{"SceneBegin", "SceneEnd"}));
+// Each RIB text with the whole report lines and the records it gives.
+TEST(TextureErrorHandlerRequests, ReportsAndRecordsOfEachRequest) {
+  expectEach({
+      // Texture requests are read to their end, and the stream stays in step.
+      {kTexture + "\"gaussian\" 2 2 \"fov\" [1]\n" +
+           "MakeTexture \"a\" \"b\" \"sideways\" \"nowhere\" \"box\" 1 1\n" +
+           "MakeBump \"a\" \"b\" \"black\" \"black\" \"sinc\" 4 4\n" +
+           "MakeLatLongEnvironment \"a\" \"b\" \"triangle\" 1 1\n" +
+           "MakeCubeFaceEnvironment \"1\" \"2\" \"3\" \"4\" \"5\" \"6\" \"out\" 90 " +
+           "\"catmull-rom\" 2 2\n" + "MakeShadow [\"z.tif\"] \"z.shd\"\n" + "WorldBegin",
+       {},
+       {"SceneBegin"}},
+      // A fault ends the request and skips the rest.
+      {kTexture + "\"Gaussian\" 2 2\n" + kTexture + "\"gaussian\" 2 WorldBegin\n" +
+           "MakeCubeFaceEnvironment \"1\" \"2\" \"3\" \"4\" \"5\" \"6\" \"out\" " +
+           "\"box\" 2 2 WorldEnd",
+       {"RIB error: general syntactic error at line 1 '2': Unknown filter function 'Gaussian'",
+        "RIB error: general syntactic error at line 2 'WorldBegin': Expected float",
+        "RIB error: general syntactic error at line 3 'box': Expected float"},
+       {"SceneBegin", "SceneEnd"}},
+      // An unknown handler name changes neither path.
+      {"ErrorHandler \"Print\" ErrorHandler \"null\" WorldBegin",
+       {"RIB error: general syntactic error at line 1 'ErrorHandler': Unknown error function "
+        "'Print'",
+        "RIB error: general syntactic error at line 1 'WorldBegin': Unknown error function 'null'"},
+       {"SceneBegin"}},
+  });
 }
 
 TEST(ErrorHandlerRequest, IgnoreSilencesBothPathsUntilPrintBringsThemBack) {
@@ -56,15 +59,6 @@ TEST(ErrorHandlerRequest, IgnoreSilencesBothPathsUntilPrintBringsThemBack) {
   EXPECT_EQ(modes.at(1).args.at(1).asInt(), 0x0C01);
 }
 
-TEST(ErrorHandlerRequest, AnUnknownNameChangesNeitherPath) {
-  Conversion c = convert("ErrorHandler \"Print\" ErrorHandler \"null\" WorldBegin");
-  EXPECT_EQ(c.log, (Lines{"RIB error: general syntactic error at line 1 'ErrorHandler': "
-                          "Unknown error function 'Print'",
-                          "RIB error: general syntactic error at line 1 'WorldBegin': "
-                          "Unknown error function 'null'"}));
-  EXPECT_EQ(c.ops(), (Ops{"SceneBegin"}));
-}
-
 void writeToStandardError(const char* line) {
   std::fprintf(stderr, "%s\n", line);
 }
@@ -77,15 +71,12 @@ void convertPrintingToStandardError(const std::string& rib) {
   }
 }
 
-TEST(ErrorHandlerRequestDeathTest, AbortEndsTheProcessOnTheNextReaderWarning) {
+// On the next reader warning, or the next interface error.
+TEST(ErrorHandlerRequestDeathTest, AbortEndsTheProcessOnTheNextReport) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_DEATH(convertPrintingToStandardError("ErrorHandler \"abort\" ObjectInstance 9 WorldBegin"),
                "RIB warning: invalid light or object handle at line 1 'WorldBegin': "
                "Unknown object handle 9");
-}
-
-TEST(ErrorHandlerRequestDeathTest, AbortAlsoEndsTheProcessOnTheNextInterfaceError) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_DEATH(convertPrintingToStandardError("ErrorHandler \"abort\" Orientation \"sideways\""),
                "sideways");
 }
