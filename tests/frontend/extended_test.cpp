@@ -198,8 +198,8 @@ lines recordsOf(const std::string& zel, const std::string& op) {
 
 }  // namespace
 
-// Inline declarations hold for their one use; the new types and classes keep
-// numbers of their own and are counted as their class says.
+// Inline declarations hold for their one use and are counted as their class
+// says. (The later types and classes in records: the golden case "kept".)
 TEST(Extended, InlineDeclarationsTypeTheirOneValue) {
   const std::string square = "Polygon \"P\" [0 0 0 1 0 0 1 1 0 0 1 0] ";
   const struct {
@@ -214,12 +214,6 @@ TEST(Extended, InlineDeclarationsTypeTheirOneValue) {
        {R"({"op":"SurfaceV","args":[11],"params":[{"name":"name","type":3,"class":4,"count":1,"values":["x"]},{"name":"uv","type":1,"class":1,"count":2,"values":[1,2]},{"name":"c","type":5,"class":1,"count":3,"values":[1,0,0]}]})",
         R"({"op":"SurfaceV","args":[11],"params":[{"name":"Kd","type":3,"class":1,"count":1,"values":["y"]}]})",
         R"({"op":"SurfaceV","args":[11],"params":[{"name":"Kd","type":1,"class":1,"count":1,"values":[0.5]}]})"},
-       {}},
-      {"Declare \"h\" \"varying hpoint\"\n" + square +
-           "\"h\" [0 0 0 1 1 0 0 1 1 1 0 1 0 1 0 1] \"facevarying vector v\" [0 0 1 0 0 1 0 0 1 0 "
-           "0 1] \"constant matrix m\" [1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1] \"int[2] ids\" [4 5]\n",
-       "PolygonV",
-       {R"({"op":"PolygonV","args":[4],"params":[{"name":"P","type":4,"class":3,"count":12,"values":[0,0,0,1,0,0,1,1,0,0,1,0]},{"name":"h","type":8,"class":2,"count":16,"values":[0,0,0,1,1,0,0,1,1,1,0,1,0,1,0,1]},{"name":"v","type":6,"class":5,"count":12,"values":[0,0,1,0,0,1,0,0,1,0,0,1]},{"name":"m","type":9,"class":4,"count":16,"values":[1,0,0,0,0,1,0,0,0,0,1,0,0,0,0,1]},{"name":"ids","type":2,"class":1,"count":2,"values":[4,5]}]})"},
        {}},
       {"PointsPolygons [3 3] [0 1 2 2 1 3] \"P\" [0 0 0 1 0 0 0 1 0 1 1 0] \"facevarying float s\" "
        "[1 2 3 4]\n" +
