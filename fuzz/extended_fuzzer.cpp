@@ -2,6 +2,6 @@
 #include "fuzz/fuzzinput.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  fuzzinput::convertExtended(data, size);
+  fuzzinput::convertText(data, size, true);
   return 0;
 }

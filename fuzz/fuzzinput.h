@@ -70,6 +70,7 @@ inline void run(conversion::request r, uint64_t cancelAfter) {
   }
 }
 
+// `extended`: through the extended reader, which plays inline archives only.
 inline void convertText(const uint8_t* data, size_t size, bool extended) {
   conversion::request r;
   r.text = std::string_view(reinterpret_cast<const char*>(data), size);
@@ -77,15 +78,6 @@ inline void convertText(const uint8_t* data, size_t size, bool extended) {
   // An input of odd length is cancelled halfway, so that the cancel phase is
   // fuzzed as well as the finish and fail phases.
   run(std::move(r), size % 2 == 1 ? size / 2 : UINT64_MAX);
-}
-
-inline void convert(const uint8_t* data, size_t size) {
-  convertText(data, size, false);
-}
-
-// The same through the extended reader, which plays inline archives only.
-inline void convertExtended(const uint8_t* data, size_t size) {
-  convertText(data, size, true);
 }
 
 // Decompressed text beyond this is not read: a megabyte can expand a

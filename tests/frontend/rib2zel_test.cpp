@@ -21,33 +21,36 @@ const std::string kHiderLine =
 const std::vector<std::string> kGoodOps = {"RasterViewport", "RasterAspect", "SceneBegin",
                                            "SphereV", "SceneEnd"};
 
-// Converts rib in a file of its own and returns the result with the scene in out.
-runresult convertFile(const scratchdir& dir, const std::string& rib,
-                      std::vector<std::string> extra = {}) {
-  std::string in = dir.write("in.rib", rib).string();
-  std::vector<std::string> args = extra;
-  args.push_back(in);
-  runresult r = runrib2zel(dir, args);
-  r.out = readFile(dir.file("in.zel"));
-  return r;
-}
-
 }  // namespace
 
-// A bad request is reported, and the requests after it are still converted.
-TEST(Rib2zel, ConvertsNextToTheInputPastABadRequest) {
+// A bad request is reported, and the requests after it are still converted,
+// from a file (plain or compressed) next to it or from standard input.
+TEST(Rib2zel, ConvertsAFileOrStandardInputPastABadRequest) {
+  const std::string gz = gzipped(kBadAmongGood);
+  const lines reported = {kBogusLine, "There are warning/error messages."};
   const struct {
-    std::string rib;
-    int status;
+    std::string file;  // written into the folder; empty: standard input
+    const std::string& bytes;
+    lines args;         // after the input file
+    std::string scene;  // empty: standard output
     lines errLines;
-  } cases[] = {{kGood, 0, {"Success."}},
-               {kBadAmongGood, 1, {kBogusLine, "There are warning/error messages."}}};
+  } cases[] = {
+      {"in.rib", kGood, {}, "in.zel", {"Success."}},
+      {"in.rib", kBadAmongGood, {}, "in.zel", reported},
+      {"scene.rib.gz", gz, {}, "scene.zel", reported},
+      {"", kBadAmongGood, {"-", "-"}, "", reported},
+      {"", kBadAmongGood, {"-"}, "", reported},
+      {"", gz, {"-", "-"}, "", reported},
+  };
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.file + " " + std::to_string(c.args.size()));
     scratchdir dir;
-    runresult r = convertFile(dir, c.rib);
-    EXPECT_EQ(r.status, c.status);
+    lines args = c.args;
+    if (!c.file.empty()) args.insert(args.begin(), dir.write(c.file, c.bytes).string());
+    const runresult r = runrib2zel(dir, args, c.file.empty() ? &c.bytes : nullptr);
+    EXPECT_EQ(r.status, c.errLines.size() == 1 ? 0 : 1);
     EXPECT_EQ(r.errLines, c.errLines);
-    EXPECT_EQ(sceneops(r.out), kGoodOps);
+    EXPECT_EQ(sceneops(c.scene.empty() ? r.out : readFile(dir.file(c.scene))), kGoodOps);
   }
 }
 
@@ -78,7 +81,9 @@ TEST(Rib2zel, EndsWithTheStatusLineAndExitOfWhatWasReported) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.rib);
     scratchdir dir;
-    runresult r = convertFile(dir, c.rib, c.options);
+    lines args = c.options;
+    args.push_back(dir.write("in.rib", c.rib).string());
+    const runresult r = runrib2zel(dir, args);
     EXPECT_EQ(r.status, c.status);
     EXPECT_EQ(r.errLines, c.errLines);
     // Only a parse-only run leaves no scene file.
@@ -118,30 +123,6 @@ TEST(Rib2zel, FailsOnInputOrOutputThatCannotBeUsed) {
   }
   EXPECT_FALSE(fs::exists(dir.file("none.zel")));
   EXPECT_EQ(readFile(zel), kGood);
-}
-
-TEST(Rib2zel, ConvertsStandardInputToStandardOutput) {
-  scratchdir dir;
-  for (const std::vector<std::string>& args : {lines{"-", "-"}, lines{"-"}}) {
-    runresult r = runrib2zel(dir, args, &kBadAmongGood);
-    EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.errLines, (lines{kBogusLine, "There are warning/error messages."}));
-    EXPECT_EQ(sceneops(r.out), kGoodOps);
-  }
-}
-
-TEST(Rib2zel, ReadsCompressedInputFromAFileAndFromStandardInput) {
-  scratchdir dir;
-  std::string gz = gzipped(kBadAmongGood);
-  std::string in = dir.write("scene.rib.gz", gz).string();
-  runresult fromFile = runrib2zel(dir, {in});
-  EXPECT_EQ(fromFile.status, 1);
-  EXPECT_EQ(fromFile.errLines, (lines{kBogusLine, "There are warning/error messages."}));
-  EXPECT_EQ(sceneops(readFile(dir.file("scene.zel"))), kGoodOps);
-
-  runresult fromStdin = runrib2zel(dir, {"-", "-"}, &gz);
-  EXPECT_EQ(fromStdin.errLines, fromFile.errLines);
-  EXPECT_EQ(fromStdin.out, readFile(dir.file("scene.zel")));
 }
 
 TEST(Rib2zel, AnswersHelpVersionAndUsageErrors) {

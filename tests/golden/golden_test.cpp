@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/golden/samerecords.h"
@@ -103,24 +104,17 @@ TEST_P(Golden, AsciiMatchesGoldenFile) {
   EXPECT_TRUE(sameRecords(zel, goldenFile(scene())));
 }
 
-TEST_P(Golden, BinaryFormGivesTheSameRecords) {
-  EXPECT_TRUE(sameRecords(convert(example(scene(), ".ribb")), goldenFile(scene())));
-}
-
-TEST_P(Golden, CompressedFileGivesTheSameRecords) {
-  EXPECT_TRUE(sameRecords(convert(example(scene(), ".rib.gz")), goldenFile(scene())));
-}
-
-TEST_P(Golden, CompressedStandardInputGivesTheSameRecords) {
-  EXPECT_TRUE(sameRecords(convert(example(scene(), ".rib.gz"), true), goldenFile(scene())));
-}
-
-// The name after a request definition (0xCC) may be a bare word, a quoted
-// string or an encoded string; the stored binary form uses the last.
-TEST_P(Golden, EveryRequestDefinitionFormGivesTheSameRecords) {
-  for (const char* form : {"bare", "quoted", "encoded"}) {
-    SCOPED_TRACE(form);
-    EXPECT_TRUE(sameRecords(convert(encode(form)), goldenFile(scene())));
+// Binary and compressed, from a file or standard input; and the name after a
+// request definition (0xCC) as a bare word, a quoted string or an encoded
+// string, which the stored binary form uses.
+TEST_P(Golden, EveryFormGivesTheSameRecords) {
+  const std::pair<std::string, bool> forms[] = {
+      {example(scene(), ".ribb"), false},  {example(scene(), ".rib.gz"), false},
+      {example(scene(), ".rib.gz"), true}, {encode("bare"), false},
+      {encode("quoted"), false},           {encode("encoded"), false}};
+  for (const auto& [input, viaStdin] : forms) {
+    SCOPED_TRACE(input + (viaStdin ? " on standard input" : ""));
+    EXPECT_TRUE(sameRecords(convert(input, viaStdin), goldenFile(scene())));
   }
 }
 

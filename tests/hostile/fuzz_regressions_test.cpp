@@ -35,9 +35,9 @@ TEST(FuzzRegressions, EveryKeptInputRunsThroughTheScannerAndAConversion) {
     const std::string bytes = readFile(p);
     const auto* data = reinterpret_cast<const uint8_t*>(bytes.data());
     fuzzinput::scan(data, bytes.size());
-    fuzzinput::convert(data, bytes.size());
+    fuzzinput::convertText(data, bytes.size(), false);
     fuzzinput::convertgzip(data, bytes.size());
-    fuzzinput::convertExtended(data, bytes.size());
+    fuzzinput::convertText(data, bytes.size(), true);
   }
 }
 

@@ -104,15 +104,6 @@ TEST(LexanribReportDeathTest, AbortHandlerPrintsThenStopsEvenOnInformation) {
                "RIB info: general syntactic error at line 1 '': stop");
 }
 
-TEST(LexanribReport, ExceptionRecordCarriesFormattedText) {
-  RIBException e = lexanrib::exception(16, 2, "bad %s %d", "thing", 3);
-  EXPECT_EQ(e.code, 16);
-  EXPECT_EQ(e.severity, 2);
-  EXPECT_STREQ(e.message.c_str(), "bad thing 3");
-  RIBException empty = lexanrib::exception(0, 2, nullptr);
-  EXPECT_STREQ(empty.message.c_str(), "");
-}
-
 // A source whose next block read throws as the allocator's failure handler
 // does while parsing, so a memory failure can strike inside a scan.
 class ThrowingSource : public bytesource {

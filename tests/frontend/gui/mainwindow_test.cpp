@@ -46,15 +46,12 @@ class MainWindowTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void theLogIsTheWholeClientAreaAndReadOnly() {
+  void theLogIsTheWholeClientAreaReadOnlyEightyColumnsByTwentyFourLines() {
     TRendFrame* frame = gApp->fFrame;
     QCOMPARE(frame->windowTitle(), QString("RIB to ZEL"));
     QCOMPARE(frame->centralWidget(), gApp->fEdit);
     QVERIFY(gApp->fEdit->isReadOnly());
-  }
-
-  void theLogShowsEightyColumnsByTwentyFourLines() {
-    QVERIFY(QTest::qWaitForWindowExposed(gApp->fFrame));
+    QVERIFY(QTest::qWaitForWindowExposed(frame));
     // With more lines than it shows, the text scrolls, and the scroll bar
     // takes no room from the columns.
     filledtext full = fill(*gApp->fEdit, 30, 80);
@@ -120,20 +117,19 @@ class MainWindowTest : public QObject {
     QVERIFY(QTest::qWaitForWindowExposed(gApp->fFrame));
   }
 
-  void theOpenDialogAsksForAnExistingRibFile() {
-    auto dialog = makeFileDialog(gApp->fFrame, gApp->fInputData);
-    QCOMPARE(dialog->nameFilters(), QStringList({"RIB Files (*.RIB *.RIB.GZ)", "All Files (*)"}));
-    QCOMPARE(dialog->selectedNameFilter(), QString("RIB Files (*.RIB *.RIB.GZ)"));
-    QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
-    QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptOpen);
-  }
-
-  void theSaveDialogConfirmsOverwritingAndAddsNoExtension() {
-    auto dialog = makeFileDialog(gApp->fFrame, gApp->fOutputData);
-    QCOMPARE(dialog->nameFilters(), QStringList({"Scene Files (*.ZEL)", "All Files (*)"}));
-    QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
-    QVERIFY(!dialog->testOption(QFileDialog::DontConfirmOverwrite));
-    QCOMPARE(dialog->defaultSuffix(), QString());
+  // The open dialog asks for an existing RIB file; the save dialog confirms
+  // overwriting and adds no extension.
+  void theFileDialogsAskForTheirKindOfFile() {
+    auto open = makeFileDialog(gApp->fFrame, gApp->fInputData);
+    QCOMPARE(open->nameFilters(), QStringList({"RIB Files (*.RIB *.RIB.GZ)", "All Files (*)"}));
+    QCOMPARE(open->selectedNameFilter(), QString("RIB Files (*.RIB *.RIB.GZ)"));
+    QCOMPARE(open->fileMode(), QFileDialog::ExistingFile);
+    QCOMPARE(open->acceptMode(), QFileDialog::AcceptOpen);
+    auto save = makeFileDialog(gApp->fFrame, gApp->fOutputData);
+    QCOMPARE(save->nameFilters(), QStringList({"Scene Files (*.ZEL)", "All Files (*)"}));
+    QCOMPARE(save->acceptMode(), QFileDialog::AcceptSave);
+    QVERIFY(!save->testOption(QFileDialog::DontConfirmOverwrite));
+    QCOMPARE(save->defaultSuffix(), QString());
   }
 
   void theFiltersMatchNamesWhateverTheirCase() {
