@@ -12,6 +12,7 @@
 #include "frontend/cli/batch.h"
 #include "frontend/cli/exitstatus.h"
 #include "frontend/cli/options.h"
+#include "frontend/cli/previewstep.h"
 #include "frontend/cli/progressline.h"
 #include "frontend/conversion.h"
 
@@ -122,7 +123,7 @@ int main(int argc, char** argv) {
   gProgress = &progress;
   int status = kExitFailed;
   try {
-    status = convert(o, progress);
+    status = runPreview(o, convert(o, progress), printLine);
   } catch (const std::bad_alloc&) {
     // Only the setup before the first request meets this: the statements
     // have the reader's and the Ri layer's own handling. The text is fixed,

@@ -7,6 +7,7 @@
 namespace {
 
 constexpr int32_t kMaxJobs = 1024;
+constexpr int32_t kMaxPreviewSide = 16384;
 
 // The arguments not yet read.
 struct cursor {
@@ -73,6 +74,36 @@ bool takeOption(const std::string& arg, options& o) {
   return true;
 }
 
+// "WxH", each side 1 to kMaxPreviewSide.
+std::string readSize(const std::string& text, int32_t& width, int32_t& height) {
+  size_t x = text.find('x');
+  int32_t sides[2] = {0, 0};
+  bool ok = x != std::string::npos && x > 0 && x + 1 < text.size();
+  for (size_t i = 0; ok && i < text.size(); ++i) {
+    if (i == x) continue;
+    char ch = text[i];
+    int32_t& side = sides[i < x ? 0 : 1];
+    ok = ch >= '0' && ch <= '9' && side <= kMaxPreviewSide;
+    side = side * 10 + (ch - '0');
+  }
+  if (!ok || sides[0] < 1 || sides[1] < 1 || sides[0] > kMaxPreviewSide ||
+      sides[1] > kMaxPreviewSide) {
+    return "invalid preview size '" + text + "' (WxH, each 1 to " +
+           std::to_string(kMaxPreviewSide) + ")";
+  }
+  width = sides[0];
+  height = sides[1];
+  return "";
+}
+
+// The preview draws the scene file that was written: there must be one, in a file.
+std::string checkPreview(const options& o, bool batch, bool sizeGiven) {
+  if (o.preview.empty()) return sizeGiven ? "--preview-size needs --preview" : "";
+  if (batch) return "--preview draws one scene: it takes no --output-dir";
+  if (o.parseOnly) return "--parse-only writes no scene file to preview";
+  return "";
+}
+
 std::string placeBatch(const std::vector<std::string>& files, options& o) {
   if (o.outputDir.empty()) return "--output-dir is empty";
   if (o.parseOnly) return "--parse-only writes no scene files: it takes no --output-dir";
@@ -100,6 +131,8 @@ std::string placeFiles(const std::vector<std::string>& files, options& o) {
     o.output = o.input == "-" ? "-" : defaultoutputpath(o.input);
   }
   if (o.output.empty()) return "OUTPUT is empty";
+  if (!o.preview.empty() && o.output == "-")
+    return "--preview needs the scene in a file, not on standard output";
   return "";
 }
 
@@ -109,6 +142,8 @@ std::string parseoptions(int argc, const char* const* argv, options& o) {
   std::vector<std::string> files;
   std::string problem;
   std::string jobs;
+  std::string size;
+  bool previewGiven = false;
   bool optionsEnded = false;
   bool batch = false;
   for (cursor c{argc, argv, 1}; c.i < argc; ++c.i) {
@@ -121,6 +156,10 @@ std::string parseoptions(int argc, const char* const* argv, options& o) {
       batch = true;
     } else if (takeValue(arg, "--jobs", "-j", c, jobs, problem)) {
       if (problem.empty()) problem = readJobs(jobs, o.jobs);
+    } else if (takeValue(arg, "--preview", "", c, o.preview, problem)) {
+      previewGiven = true;
+    } else if (takeValue(arg, "--preview-size", "", c, size, problem)) {
+      if (problem.empty()) problem = readSize(size, o.previewWidth, o.previewHeight);
     } else if (takeOption(arg, o)) {
       o.fileOptions.push_back(arg);
     } else if (problem.empty()) {
@@ -128,6 +167,9 @@ std::string parseoptions(int argc, const char* const* argv, options& o) {
     }
   }
   if (o.help || o.version) return "";
+  if (!problem.empty()) return problem;
+  if (previewGiven && o.preview.empty()) return "--preview is empty";
+  problem = checkPreview(o, batch, !size.empty());
   if (!problem.empty()) return problem;
   if (batch) return placeBatch(files, o);
   if (o.jobs != 0) return "--jobs converts a batch: it needs --output-dir";
@@ -160,6 +202,11 @@ const char* helptext() {
          "      --strict          any message, also of the RenderMan Interface layer or\n"
          "                        the scene library, makes the exit status 1\n"
          "      --output-dir DIR  convert a batch of files and folders into DIR\n"
+         "      --preview FILE.png  after the conversion, draw the scene file's first\n"
+         "                        frame from its camera into FILE.png (RGBA, alpha 0\n"
+         "                        where no geometry is)\n"
+         "      --preview-size WxH  the picture's size (default: the scene's format,\n"
+         "                        640x480 without one, the longer side at most 2048)\n"
          "  -j, --jobs N          convert N files of a batch at once, each in a process\n"
          "                        of its own (default: the number of cores)\n"
          "  -h, --help            show this help and exit\n"
@@ -179,6 +226,7 @@ const char* helptext() {
          "\n"
          "Exit status: 0 success; 1 the RIB gave warning/error messages; 2 no complete\n"
          "conversion (usage error, input or output cannot be opened, read or write\n"
-         "error); 128 + the signal's number when interrupted (130 for Ctrl-C). A batch\n"
-         "exits with 2 when any file failed, else 1 when any had messages, else 0.\n";
+         "error, a preview that failed); 128 + the signal's number when interrupted\n"
+         "(130 for Ctrl-C). A batch exits with 2 when any file failed, else 1 when any\n"
+         "had messages, else 0.\n";
 }

@@ -16,6 +16,11 @@ struct options {
   bool help = false;
   bool version = false;
 
+  // --preview FILE.png: the scene file drawn after the conversion, at the
+  // scene's own size or --preview-size WxH.
+  std::string preview;
+  int32_t previewWidth = 0, previewHeight = 0;  // 0: not given
+
   // A batch: every INPUT (a file or a folder) converted into outputDir.
   std::string outputDir;
   std::vector<std::string> inputs;

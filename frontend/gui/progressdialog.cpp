@@ -46,7 +46,8 @@ TProgressDialog::TProgressDialog(QWidget* parent, const QString& inputPath,
       fStatus(new QLabel(convertingText(inputPath, outputPath))),
       fProgress(new QProgressBar),
       fCancel(new QPushButton("Cancel")),
-      fOk(new QPushButton("OK")) {
+      fOk(new QPushButton("OK")),
+      fPreview(new QPushButton("Preview")) {
   setWindowTitle("Conversion Status");
   // Modal over the main window only, so that the RIB Messages window can be
   // scrolled and closed while a conversion runs.
@@ -66,6 +67,10 @@ TProgressDialog::TProgressDialog(QWidget* parent, const QString& inputPath,
   buttons->addStretch();
   buttons->addWidget(fCancel);
   buttons->addWidget(fOk);
+  buttons->addWidget(fPreview);
+  fPreview->setObjectName("preview");
+  fPreview->hide();
+  connect(fPreview, &QPushButton::clicked, this, [this] { done(kPreview); });
   buttons->addStretch();
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(fStatus);
@@ -88,6 +93,10 @@ TProgressDialog::TProgressDialog(QWidget* parent, const QString& inputPath,
 }
 
 TProgressDialog::~TProgressDialog() = default;
+
+bool TProgressDialog::previewOffered() const {
+  return !fPreview->isHidden();
+}
 
 QString TProgressDialog::convertingText(const QString& inputPath, const QString& outputPath) {
   return QString("Converting %1 to %2")
@@ -116,6 +125,7 @@ void TProgressDialog::IdleAction() {
   } else {
     fProgress->setValue(kProgressSteps);
     showEnd(fRib->statusText());
+    fPreview->show();
   }
 }
 

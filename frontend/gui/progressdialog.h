@@ -28,8 +28,13 @@ class TProgressDialog : public QDialog {
   // "Converting a.rib to b.zel", with the file names only.
   static QString convertingText(const QString& inputPath, const QString& outputPath);
 
+  // What exec() returns when the user chose Preview at the end.
+  static constexpr int kPreview = 2;
+
   // True once the conversion has ended and OK is offered.
   bool isFinished() const { return fFinished; }
+  // True when the conversion wrote its scene file whole and Preview is offered.
+  bool previewOffered() const;
 
   // Every way of closing ends here: a conversion still running is cancelled.
   void done(int result) override;
@@ -44,6 +49,7 @@ class TProgressDialog : public QDialog {
   QProgressBar* fProgress;
   QPushButton* fCancel;
   QPushButton* fOk;
+  QPushButton* fPreview;  // offered when the scene file was written whole
   QTimer fIdle;
   bool fFinished = false;
 };

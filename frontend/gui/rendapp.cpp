@@ -1,11 +1,13 @@
 #include "frontend/gui/rendapp.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QMessageBox>
 
 #include "frontend/gui/aboutdialog.h"
 #include "frontend/gui/msgwindow.h"
+#include "frontend/gui/previewwindow.h"
 #include "frontend/gui/progressdialog.h"
 #include "frontend/gui/quitsignals.h"
 #include "frontend/gui/rendedit.h"
@@ -122,8 +124,13 @@ void TRendApp::convertFrom(const QString& inputPath) {
   fEdit->clear();
   TProgressDialog dialog(fFrame, fInputData.fileName, fOutputData.fileName, fExtended);
   TRendFrame::fProgressDialog = &dialog;
-  dialog.exec();
+  int result = dialog.exec();
   TRendFrame::fProgressDialog = nullptr;
+  if (dialog.previewOffered()) {
+    fLastScene = fOutputData.fileName;
+    addPreviewCommand();
+  }
+  if (result == TProgressDialog::kPreview) CmPreview();
 }
 
 // The conversion makes the same check when it opens; here it comes before
@@ -151,6 +158,30 @@ void TRendApp::QuitCleanly() {
   if (TRendFrame::fProgressDialog) TRendFrame::fProgressDialog->reject();
   closeAllWindows();
   quit();
+}
+
+// File, Preview comes with the first scene file there is to draw.
+void TRendApp::addPreviewCommand() {
+  if (fPreviewAction) return;
+  QMenu* file = fFrame->menuBar()->actions().front()->menu();
+  fPreviewAction = new QAction("&Preview", file);
+  fPreviewAction->setObjectName("preview");
+  fPreviewAction->setShortcut(Qt::Key_F5);
+  fPreviewAction->setStatusTip("Draw the last scene file from its camera");
+  connect(fPreviewAction, &QAction::triggered, this, &TRendApp::CmPreview);
+  file->insertAction(file->actions().at(1), fPreviewAction);
+}
+
+void TRendApp::CmPreview() {
+  if (fLastScene.isEmpty()) return;
+  QString error;
+  TPreviewWindow* window = TPreviewWindow::open(fLastScene, fFrame, error);
+  if (!window) {
+    QMessageBox::warning(fFrame, "Preview", "The scene file cannot be drawn.\n" + error);
+    return;
+  }
+  window->setWindowTitle("Preview - " + QFileInfo(fLastScene).fileName());
+  window->show();
 }
 
 void TRendApp::CmAbout() {

@@ -12,6 +12,7 @@
 
 #include "frontend/gui/filedialogs.h"
 
+class QAction;
 class TQuitSignals;
 class TRendEdit;
 class TRendFrame;
@@ -37,6 +38,8 @@ class TRendApp : public QApplication {
   // asks for the output only.
   void convertFrom(const QString& inputPath);
   void CmAbout();
+  // Opens the Preview window of the last scene file that a conversion wrote whole.
+  void CmPreview();
   // Cancels a running conversion, closes the windows and ends the event
   // loop: what a quit signal does.
   void QuitCleanly();
@@ -49,10 +52,14 @@ class TRendApp : public QApplication {
   TFileChooser fChooseFile = runFileDialog;
   // Options, Extended RIB: off at start.
   bool fExtended = false;
+  // The last scene file a conversion wrote whole, or empty.
+  QString fLastScene;
 
  private:
   void buildMenu();
   bool outputUsable();
+  void addPreviewCommand();
+  QAction* fPreviewAction = nullptr;
 };
 
 extern TRendApp* gApp;

@@ -20,6 +20,7 @@ const suite kSuites[] = {
     {"mainwindow", makeMainWindowTest},
     {"convert", makeConvertTest},
     {"msgwindow", makeMsgWindowTest},
+    {"previewwindow", makePreviewWindowTest},
 };
 
 }  // namespace

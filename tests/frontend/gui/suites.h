@@ -6,3 +6,4 @@ class QObject;
 QObject* makeMainWindowTest();
 QObject* makeConvertTest();
 QObject* makeMsgWindowTest();
+QObject* makePreviewWindowTest();
