@@ -47,8 +47,7 @@ RtVoid RiProcedural2V(RtToken generator, RtToken bounder, RtInt n, RtToken token
                       RtPointer values[]) {
   if (!motionGate()) return;
   NamedCall named("RiProcedural2V");
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   _zelProcedural2V(printableName(generator), printableName(bounder), n, codes.get(), values);
 }
 

@@ -7,21 +7,18 @@
 namespace {
 
 void camera(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   _zelCameraV(printableName(name), n, codes.get(), values);
 }
 
 void displayChannel(RtToken declaration, RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   _zelDisplayChannelV(printableName(declaration), n, codes.get(), values);
 }
 
 void makeBrickMap(RtInt nptc, RtString ptcnames[], RtString bkmname, RtInt n, RtToken tokens[],
                   RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   _zelMakeBrickMapV(ptcnames ? nptc : 0, ptcnames, bkmname, n, codes.get(), values);
 }
 

@@ -13,32 +13,28 @@
 namespace {
 
 void polygon(RtInt nverts, RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = polygonCounts(nverts);
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   _zelPolygonV(nverts, n, codes.get(), values);
 }
 
 void generalpolygon(RtInt nloops, RtInt nverts[], RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = generalPolygonCounts(nloops, nverts);
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   _zelGeneralPolygonV(nloops, nverts, n, codes.get(), values);
 }
 
 void pointspolygons(RtInt npolys, RtInt nverts[], RtInt verts[], RtInt n, RtToken tokens[],
                     RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = pointsPolygonsCounts(npolys, nverts, verts);
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   _zelPolygonMeshV(npolys, nverts, verts, n, codes.get(), values);
 }
 
 void pointsgeneralpolygons(RtInt npolys, RtInt nloops[], RtInt nverts[], RtInt verts[], RtInt n,
                            RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = pointsGeneralPolygonsCounts(npolys, nloops, nverts, verts);
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   _zelGeneralPolygonMeshV(npolys, nloops, nverts, verts, n, codes.get(), values);
 }
 
@@ -64,9 +60,8 @@ void patchmesh(RtToken type, RtInt nu, RtToken uwrap, RtInt nv, RtToken vwrap, R
 void nupatch(RtInt nu, RtInt uorder, RtFloat uknot[], RtFloat umin, RtFloat umax, RtInt nv,
              RtInt vorder, RtFloat vknot[], RtFloat vmin, RtFloat vmax, RtInt n, RtToken tokens[],
              RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = nuPatchCounts(nu, nv);
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   _zelNurbMeshV(nu, uorder, uknot, umin, umax, nv, vorder, vknot, vmin, vmax, n, codes.get(),
                 values);
 }

@@ -40,34 +40,30 @@ void hierarchicalmesh(RtToken scheme, RtInt nfaces, RtInt nvertices[], RtInt ver
                       RtInt ntags, RtToken tags[], RtInt nargs[], RtInt intargs[],
                       RtFloat floatargs[], RtToken stringargs[], RtInt n, RtToken tokens[],
                       RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = pointsPolygonsCounts(nfaces, nvertices, vertices);
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   _zelHierarchicalSubdivisionMeshV(printableName(scheme), nfaces, nvertices, vertices, ntags,
                                    TagNames(ntags, tags).data(), nargs, intargs, floatargs,
                                    stringargs, n, codes.get(), values);
 }
 
 void points(RtInt npoints, RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = pointsCounts(npoints);
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   _zelPointsV(npoints, n, codes.get(), values);
 }
 
 void curves(RtToken type, RtInt ncurves, RtInt nvertices[], RtToken wrap, RtInt n, RtToken tokens[],
             RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = curvesCounts(type, ncurves, nvertices, wrap);
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   _zelCurvesV(printableName(type), ncurves, nvertices, printableName(wrap), n, codes.get(), values);
 }
 
 void blobby(RtInt nleaf, RtInt ncode, RtInt code[], RtInt nfloats, RtFloat floats[], RtInt nstrings,
             RtToken strings[], RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = blobbyCounts(nleaf);
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   _zelBlobbyV(nleaf, ncode, code, nfloats, floats, nstrings, strings, n, codes.get(), values);
 }
 

@@ -10,8 +10,7 @@ namespace {
 using NamedListCall = void (*)(const char*, int32_t, const uint16_t*, const RtPointer*);
 
 void named(NamedListCall call, RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   call(printableName(name), n, codes.get(), values);
 }
 
@@ -25,8 +24,7 @@ void hider(RtToken name, RtInt n, RtToken tokens[], RtPointer values[]) {
 
 void display(char* name, RtToken type, RtToken mode, RtInt n, RtToken tokens[],
              RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   _zelNamedDisplayV(name ? name : "null", printableName(type), printableName(mode), n, codes.get(),
                     values);
 }

@@ -8,8 +8,7 @@ namespace {
 
 void node(uint16_t kind, RtToken type, RtToken handle, RtInt n, RtToken tokens[],
           RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   _zelShadingNodeV(kind, printableName(type), printableName(handle), n, codes.get(), values);
 }
 

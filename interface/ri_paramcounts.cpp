@@ -5,6 +5,7 @@
 #include <limits>
 #include <vector>
 
+#include "interface/ri_internal.h"
 #include "interface/scene/zel.h"
 #include "interface/token.h"
 
@@ -186,4 +187,10 @@ void sendParameterInfo(RtInt n, RtToken tokens[], const uint16_t codes[],
     param.count = parameterCount(tokens[i], counts);
   }
   _zelParameterInfo(n, params.data());
+}
+
+std::unique_ptr<uint16_t[]> announceList(RtInt n, RtToken tokens[], const PrimitiveCounts* counts) {
+  auto codes = tokenCodes(n, tokens);
+  sendParameterInfo(n, tokens, codes.get(), counts);
+  return codes;
 }

@@ -13,6 +13,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "interface/ri.h"
 
@@ -82,3 +83,8 @@ uint32_t parameterCount(RtToken token, const PrimitiveCounts* counts);
 // `codes` (as tokenCodes gave them).
 void sendParameterInfo(RtInt n, RtToken tokens[], const uint16_t codes[],
                        const PrimitiveCounts* counts);
+
+// The codes of the n tokens (tokenCodes), after telling the scene library
+// about the parameters: what every call with a list does before sending it.
+std::unique_ptr<uint16_t[]> announceList(RtInt n, RtToken tokens[],
+                                         const PrimitiveCounts* counts = nullptr);

@@ -15,9 +15,8 @@ namespace {
 
 // The codes of a list, with the library told how long each value is.
 std::unique_ptr<uint16_t[]> quadricCodes(RtInt n, RtToken tokens[]) {
-  auto codes = tokenCodes(n, tokens);
   PrimitiveCounts counts = quadricCounts();
-  sendParameterInfo(n, tokens, codes.get(), &counts);
+  auto codes = announceList(n, tokens, &counts);
   return codes;
 }
 

@@ -11,20 +11,17 @@ namespace {
 using ListCall = void (*)(int32_t, const uint16_t*, const RtPointer*);
 
 void resource(RtToken handle, RtToken type, RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   _zelResourceV(printableName(handle), printableName(type), n, codes.get(), values);
 }
 
 void editBegin(RtToken type, RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   _zelEditBeginV(printableName(type), n, codes.get(), values);
 }
 
 void listOnly(ListCall call, RtInt n, RtToken tokens[], RtPointer values[]) {
-  auto codes = tokenCodes(n, tokens);
-  sendParameterInfo(n, tokens, codes.get(), nullptr);
+  auto codes = announceList(n, tokens);
   call(n, codes.get(), values);
 }
 
