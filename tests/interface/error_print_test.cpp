@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "error_test_sink.h"
+#include "interface/scene/zel.h"
 #include "tests/interface/ri_scene.h"
 
 namespace {
@@ -121,7 +122,7 @@ TEST_F(RiErrorHandlerTest, InstallsTheHandlerAndTellsTheLibraryWhichOne) {
   EXPECT_EQ(describe(ops[1]), "ErrorHandler 2831 3074");  // 0x0C02
   EXPECT_EQ(ops[2].op, "CustomErrorHandler");
   ASSERT_FALSE(ops[2].args.empty());
-  EXPECT_EQ(ops[2].args[0].asInt(), 0x0B0F);
+  EXPECT_EQ(ops[2].args[0].asInt(), kZelHandlerSetting);
   EXPECT_EQ(describe(ops[3]), "ErrorHandler 2831 3073");  // 0x0C01
   EXPECT_TRUE(messages().empty());
 }

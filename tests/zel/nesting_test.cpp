@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 
+#include "interface/scene/zel.h"
 #include "tests/zel/zelfixture.h"
 #include "zel/messages.h"
 
@@ -27,7 +28,8 @@ const std::map<std::string, std::function<void(intptr_t)>> kOps = {
     {"ObjectCall", [](intptr_t n) { _zelObjectCall(handle(n)); }},
     {"LightSource", [](intptr_t) { _zelLightSourceV(0x0012, 0, nullptr, nullptr); }},
     {"LightSwitch", [](intptr_t n) { _zelLightSwitch(handle(n), 1); }},
-    {"ErrorHandler", [](intptr_t n) { _zelErrorHandler(0x0B0F, static_cast<uint16_t>(n)); }},
+    {"ErrorHandler",
+     [](intptr_t n) { _zelErrorHandler(kZelHandlerSetting, static_cast<uint16_t>(n)); }},
 };
 
 // Runs a script and answers how many operations it called.
@@ -139,7 +141,7 @@ void customHandler(RtInt code, RtInt severity, const char* message) {
 
 TEST_F(ZelTest, CustomHandlerGetsCodeSeverityAndLine) {
   gReceived.clear();
-  _zelCustomErrorHandler(0x0B0F, customHandler);
+  _zelCustomErrorHandler(kZelHandlerSetting, customHandler);
   _zelFrameEnd();
   _zelLightSwitch(handle(4), 1);
   EXPECT_TRUE(gReportLines.empty());
@@ -158,7 +160,7 @@ TEST_F(ZelTest, AbortModeEndsTheProgramWithTheRecordOnDisk) {
       {
         zelSetMessageSink(nullptr);
         _zelOutputFile(kZelSceneFile, path.c_str());
-        _zelErrorHandler(0x0B0F, 0x0C02);
+        _zelErrorHandler(kZelHandlerSetting, kZelAbort);
         _zelSceneBegin();
         _zelSceneEnd();
         _zelAttributePop();

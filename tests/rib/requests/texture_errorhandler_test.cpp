@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "interface/scene/zel.h"
 #include "rib/bytesource.h"
 #include "rib/requests/rendrib.h"
 #include "tests/rib/requests/requesttable.h"
@@ -55,8 +56,8 @@ TEST(ErrorHandlerRequest, IgnoreSilencesBothPathsUntilPrintBringsThemBack) {
   EXPECT_EQ(c.messages.size(), 1u);
   EXPECT_EQ(c.ops(), (Ops{"ErrorHandler", "SceneBegin", "ErrorHandler", "SceneEnd"}));
   std::vector<ZelRecord> modes = c.records("ErrorHandler");
-  EXPECT_EQ(modes.at(0).args.at(1).asInt(), 0x0C00);
-  EXPECT_EQ(modes.at(1).args.at(1).asInt(), 0x0C01);
+  EXPECT_EQ(modes.at(0).args.at(1).asInt(), kZelIgnore);
+  EXPECT_EQ(modes.at(1).args.at(1).asInt(), kZelPrint);
 }
 
 void writeToStandardError(const char* line) {
