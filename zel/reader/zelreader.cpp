@@ -80,7 +80,14 @@ float toFloat(std::string_view text) {
   return value;
 }
 
-ZelValue numberValue(std::string_view token, size_t line) {
+// A number of the file: an integer, or else a float.
+struct Number {
+  bool integer = false;
+  int64_t whole = 0;
+  float value = 0;
+};
+
+Number parseNumber(std::string_view token, size_t line) {
   while (!token.empty() && (token.back() == ' ' || token.back() == '\t' || token.back() == '\r'))
     token.remove_suffix(1);
   NumberForm form = numberForm(token);
@@ -88,13 +95,20 @@ ZelValue numberValue(std::string_view token, size_t line) {
   const char* first = token.data();
   const char* last = first + token.size();
   if (form == NumberForm::Integer) {
-    int64_t value = 0;
-    if (std::from_chars(first, last, value).ec == std::errc()) return ZelValue(value);
+    int64_t whole = 0;
+    if (std::from_chars(first, last, whole).ec == std::errc())
+      return {true, whole, static_cast<float>(whole)};
     uint64_t large = 0;
     if (token[0] != '-' && std::from_chars(first, last, large).ec == std::errc())
       fail(line, "integer " + std::to_string(large) + " is too large");
   }
-  return ZelValue(toFloat(token));
+  return {false, 0, toFloat(token)};
+}
+
+ZelValue numberValue(std::string_view token, size_t line) {
+  Number number = parseNumber(token, line);
+  if (number.integer) return ZelValue(number.whole);
+  return ZelValue(number.value);
 }
 
 ZelValue toValue(od::value json, size_t line);
@@ -112,11 +126,10 @@ ZelValue arrayValue(od::array array, size_t line) {
   for (auto element : array) {
     od::value item = element.value();
     if (compact && item.type().value() == od::json_type::number) {
-      ZelValue number = numberValue(item.raw_json_token(), line);
-      bool integer = number.kind() == ZelValue::Kind::Integer;
-      if (!integer || std::abs(number.asInt()) <= kExactInFloat) {
-        numbers.push_back(number.asFloat());
-        whole.push_back(integer);
+      Number number = parseNumber(item.raw_json_token(), line);
+      if (!number.integer || std::abs(number.whole) <= kExactInFloat) {
+        numbers.push_back(number.value);
+        whole.push_back(number.integer);
         continue;
       }
     }
@@ -165,8 +178,8 @@ od::value member(od::object& object, const char* key, size_t line) {
 
 int64_t integerValue(od::value value, const char* key, size_t line) {
   if (value.type().value() == od::json_type::number) {
-    ZelValue number = numberValue(value.raw_json_token(), line);
-    if (number.kind() == ZelValue::Kind::Integer) return number.asInt();
+    Number number = parseNumber(value.raw_json_token(), line);
+    if (number.integer) return number.whole;
   }
   fail(line, std::string("\"") + key + "\" is not an integer");
 }
