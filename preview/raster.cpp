@@ -35,7 +35,9 @@ const Image& Renderer::draw(const Mesh& mesh, const Lighting& lighting, const Vi
   isShaded_.assign(mesh.vertices.size(), 0);
   for (size_t i = 0; i < mesh.vertices.size(); ++i) {
     camera_[i] = view.worldToCamera.point(mesh.vertices[i].p);
-    if (camera_[i].z >= view.nearClip) projected_[i] = corner(view, camera_[i], {});
+    if (camera_[i].z < view.nearClip) continue;
+    Corner c = corner(view, camera_[i], {});
+    projected_[i] = {c.x, c.y, c.key};
   }
   for (size_t t = 0; t + 2 < mesh.indices.size(); t += 3) {
     triangle(view, mesh.indices[t], mesh.indices[t + 1], mesh.indices[t + 2]);
@@ -69,7 +71,8 @@ Renderer::Corner Renderer::corner(const View& view, Vec3 c, Vec3 color) const {
 void Renderer::triangle(const View& view, uint32_t a, uint32_t b, uint32_t c) {
   Vec3 p[3] = {camera_[a], camera_[b], camera_[c]};
   if (p[0].z >= view.nearClip && p[1].z >= view.nearClip && p[2].z >= view.nearClip) {
-    Corner ca = projected_[a], cb = projected_[b], cc = projected_[c];
+    const Projected &pa = projected_[a], &pb = projected_[b], &pc = projected_[c];
+    Corner ca{pa.x, pa.y, pa.key, {}}, cb{pb.x, pb.y, pb.key, {}}, cc{pc.x, pc.y, pc.key, {}};
     if (!pixelBox(ca, cb, cc)) return;
     ca.color = shadedAt(a);
     cb.color = shadedAt(b);

@@ -31,6 +31,9 @@ class Renderer {
     Vec3 color;
   };
 
+  struct Projected {
+    float x, y, key;
+  };
   struct PixelBox {
     int32_t x0, x1, y0, y1;
   };
@@ -47,8 +50,8 @@ class Renderer {
 
   Image image_;
   std::vector<float> depth_;
-  std::vector<Vec3> camera_;       // each mesh vertex in camera space
-  std::vector<Corner> projected_;  // each vertex in raster space, when in front
+  std::vector<Vec3> camera_;          // each mesh vertex in camera space
+  std::vector<Projected> projected_;  // each vertex in raster space, when in front
   std::vector<Vec3> shaded_;
   std::vector<uint8_t> isShaded_;
   const Mesh* mesh_ = nullptr;
