@@ -97,6 +97,9 @@ size_t Builder::steps(Vec3 centre, float size, size_t fewest, size_t most) const
   float pixels = world * pixelsPerUnit;
   if (perspective) {
     float z = worldToCamera.point(toWorld.point(centre)).z;
+    // A surface wholly behind the camera is never seen; the margin covers
+    // the size being a rough bound under a skewing transform.
+    if (z < -2 * world) return fewest;
     // A surface the camera is within or behind gets every step it may need.
     if (!(z > world)) return most;
     pixels /= z;

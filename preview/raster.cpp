@@ -27,18 +27,32 @@ const Image& Renderer::draw(const Mesh& mesh, const Lighting& lighting, const Vi
   clear(view);
   Vec3 eye = view.perspective ? view.cameraToWorld.point({0, 0, 0})
                               : normalized(view.cameraToWorld.direction({0, 0, -1}));
-  Shader shader(lighting, eye, view.perspective);
+  shader_.emplace(lighting, eye, view.perspective);
+  mesh_ = &mesh;
   camera_.resize(mesh.vertices.size());
+  projected_.resize(mesh.vertices.size());
   shaded_.resize(mesh.vertices.size());
+  isShaded_.assign(mesh.vertices.size(), 0);
   for (size_t i = 0; i < mesh.vertices.size(); ++i) {
-    const MeshVertex& v = mesh.vertices[i];
-    camera_[i] = view.worldToCamera.point(v.p);
-    shaded_[i] = shader.shade(v.p, v.n, v.color, v.lightSet);
+    camera_[i] = view.worldToCamera.point(mesh.vertices[i].p);
+    if (camera_[i].z < view.nearClip) continue;
+    Corner c = corner(view, camera_[i], {});
+    projected_[i] = {c.x, c.y, c.key};
   }
   for (size_t t = 0; t + 2 < mesh.indices.size(); t += 3) {
     triangle(view, mesh.indices[t], mesh.indices[t + 1], mesh.indices[t + 2]);
   }
+  mesh_ = nullptr;
   return image_;
+}
+
+Vec3 Renderer::shadedAt(uint32_t vertex) {
+  if (!isShaded_[vertex]) {
+    const MeshVertex& v = mesh_->vertices[vertex];
+    shaded_[vertex] = shader_->shade(v.p, v.n, v.color, v.lightSet);
+    isShaded_[vertex] = 1;
+  }
+  return shaded_[vertex];
 }
 
 void Renderer::clear(const View& view) {
@@ -55,9 +69,19 @@ Renderer::Corner Renderer::corner(const View& view, Vec3 c, Vec3 color) const {
 }
 
 void Renderer::triangle(const View& view, uint32_t a, uint32_t b, uint32_t c) {
-  // The part in front of the near plane: a triangle or a quadrilateral.
   Vec3 p[3] = {camera_[a], camera_[b], camera_[c]};
-  Vec3 col[3] = {shaded_[a], shaded_[b], shaded_[c]};
+  if (p[0].z >= view.nearClip && p[1].z >= view.nearClip && p[2].z >= view.nearClip) {
+    const Projected &pa = projected_[a], &pb = projected_[b], &pc = projected_[c];
+    Corner ca{pa.x, pa.y, pa.key, {}}, cb{pb.x, pb.y, pb.key, {}}, cc{pc.x, pc.y, pc.key, {}};
+    if (!pixelBox(ca, cb, cc)) return;
+    ca.color = shadedAt(a);
+    cb.color = shadedAt(b);
+    cc.color = shadedAt(c);
+    fill(ca, cb, cc);
+    return;
+  }
+  // The part in front of the near plane: a triangle or a quadrilateral.
+  Vec3 col[3] = {shadedAt(a), shadedAt(b), shadedAt(c)};
   Vec3 kept[4], keptColor[4];
   int n = 0;
   for (int i = 0; i < 3; ++i) {
@@ -80,6 +104,22 @@ void Renderer::triangle(const View& view, uint32_t a, uint32_t b, uint32_t c) {
   }
 }
 
+std::optional<Renderer::PixelBox> Renderer::pixelBox(const Corner& a, const Corner& b,
+                                                     const Corner& c) const {
+  float lox = std::min({a.x, b.x, c.x}), hix = std::max({a.x, b.x, c.x});
+  float loy = std::min({a.y, b.y, c.y}), hiy = std::max({a.y, b.y, c.y});
+  // Only pixels whose centres lie within the bounds can be covered; most
+  // triangles of a large mesh hold none and end here.
+  float fx0 = std::ceil(lox - 0.5f), fx1 = std::floor(hix - 0.5f);
+  float fy0 = std::ceil(loy - 0.5f), fy1 = std::floor(hiy - 0.5f);
+  if (fx0 > fx1 || fy0 > fy1 || fx1 < 0 || fy1 < 0 || fx0 >= image_.width || fy0 >= image_.height)
+    return std::nullopt;
+  int32_t x0 = pixelAt(fx0, image_.width), x1 = pixelAt(fx1, image_.width);
+  int32_t y0 = pixelAt(fy0, image_.height), y1 = pixelAt(fy1, image_.height);
+  if (x0 > x1 || y0 > y1) return std::nullopt;
+  return PixelBox{x0, x1, y0, y1};
+}
+
 void Renderer::fill(Corner a, Corner b, Corner c) {
   double area =
       (double(b.x) - a.x) * (double(c.y) - a.y) - (double(b.y) - a.y) * (double(c.x) - a.x);
@@ -89,17 +129,9 @@ void Renderer::fill(Corner a, Corner b, Corner c) {
     area = -area;
   }
   const Corner* v[3] = {&a, &b, &c};
-  float lox = std::min({a.x, b.x, c.x}), hix = std::max({a.x, b.x, c.x});
-  float loy = std::min({a.y, b.y, c.y}), hiy = std::max({a.y, b.y, c.y});
-  // Only pixels whose centres lie within the bounds can be covered; most
-  // triangles of a large mesh hold none and end here.
-  float fx0 = std::ceil(lox - 0.5f), fx1 = std::floor(hix - 0.5f);
-  float fy0 = std::ceil(loy - 0.5f), fy1 = std::floor(hiy - 0.5f);
-  if (fx0 > fx1 || fy0 > fy1 || fx1 < 0 || fy1 < 0 || fx0 >= image_.width || fy0 >= image_.height)
-    return;
-  int32_t x0 = pixelAt(fx0, image_.width), x1 = pixelAt(fx1, image_.width);
-  int32_t y0 = pixelAt(fy0, image_.height), y1 = pixelAt(fy1, image_.height);
-  if (x0 > x1 || y0 > y1) return;
+  std::optional<PixelBox> box = pixelBox(a, b, c);
+  if (!box) return;
+  auto [x0, x1, y0, y1] = *box;
   // Edge i is the one opposite corner i; its function is that corner's weight times the area.
   double ex[3], ey[3];
   bool ties[3];

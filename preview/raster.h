@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "preview/camera.h"
@@ -30,14 +31,30 @@ class Renderer {
     Vec3 color;
   };
 
+  struct Projected {
+    float x, y, key;
+  };
+  struct PixelBox {
+    int32_t x0, x1, y0, y1;
+  };
+
   void clear(const View& view);
   void triangle(const View& view, uint32_t a, uint32_t b, uint32_t c);
   Corner corner(const View& view, Vec3 camera, Vec3 color) const;
+  // The pixels whose centres lie within the corners' bounds, if any.
+  std::optional<PixelBox> pixelBox(const Corner& a, const Corner& b, const Corner& c) const;
   void fill(Corner a, Corner b, Corner c);
+  // Most vertices of a large mesh belong to triangles that cover no pixel
+  // centre: each is shaded when a triangle first needs it.
+  Vec3 shadedAt(uint32_t vertex);
 
   Image image_;
   std::vector<float> depth_;
-  std::vector<Vec3> camera_;  // each mesh vertex in camera space
+  std::vector<Vec3> camera_;          // each mesh vertex in camera space
+  std::vector<Projected> projected_;  // each vertex in raster space, when in front
   std::vector<Vec3> shaded_;
+  std::vector<uint8_t> isShaded_;
+  const Mesh* mesh_ = nullptr;
+  std::optional<Shader> shader_;
   float farKey_ = 0;
 };

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "preview/args.h"
+#include "preview/recordpipe.h"
 #include "preview/tessellate.h"
 
 namespace {
@@ -305,14 +306,18 @@ void SceneWalk::finish() {
 
 Scene readScene(std::istream& in, size_t maxTriangles) {
   Scene scene;
-  ZelReader reader(in);
+  RecordPipe records(in);
   SceneWalk walk(scene, maxTriangles);
-  ZelRecord r;
-  while (reader.next(r)) {
-    try {
-      if (!walk.take(r)) break;
-    } catch (const ZelReadError& e) {
-      failRecord(r, e.what());
+  std::vector<ZelRecord> batch;
+  bool going = true;
+  while (going && records.next(batch)) {
+    for (const ZelRecord& r : batch) {
+      try {
+        going = walk.take(r);
+      } catch (const ZelReadError& e) {
+        failRecord(r, e.what());
+      }
+      if (!going) break;
     }
   }
   walk.finish();

@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-pkgs=(cmake g++ make libgtest-dev zlib1g-dev nlohmann-json3-dev libpng-dev qt6-base-dev clang libclang-rt-14-dev
+pkgs=(cmake g++ make libgtest-dev zlib1g-dev libsimdjson-dev libpng-dev qt6-base-dev clang libclang-rt-14-dev
       clang-format python3)
 missing=()
 for p in "${pkgs[@]}"; do

@@ -30,6 +30,12 @@ const Broken kBroken[] = {
      kHeader + "{\"op\":\"SphereV\",\"args\":[],\"params\":[{\"code\":1,\"name\":\"P\",\"type\":4,"
                "\"class\":3,\"values\":[]}]}\n",
      "ZEL line 2: missing \"count\""},
+    {"SecondValue", kHeader + "{\"op\":\"Color\",\"args\":[]} {}\n",
+     "ZEL line 2: more than one JSON value"},
+    {"HugeInteger", kHeader + "{\"op\":\"Color\",\"args\":[[0.5,18446744073709551615]]}\n",
+     "ZEL line 2: integer 18446744073709551615 is too large"},
+    {"LeadingZero", kHeader + "{\"op\":\"Color\",\"args\":[[0.5,01]]}\n",
+     "ZEL line 2: \"01\" is not a number"},
 };
 
 void PrintTo(const Broken& broken, std::ostream* out) {
@@ -69,6 +75,19 @@ TEST(ZelReader, ValuesRefuseTheWrongKind) {
   EXPECT_FALSE(comment.hasParams);
   EXPECT_FALSE(comment.handle.has_value());
   EXPECT_EQ(comment.line, 2u);
+}
+
+TEST(ZelReader, NumberArraysKeepTheirIntegers) {
+  ZelFile file =
+      readZelString(kHeader + "{\"op\":\"Comment\",\"args\":[[1,2.5,-3e0],[16777217,0.1]]}\n");
+  const ZelValue& small = file.records.at(0).args.at(0);
+  const ZelValue& large = file.records.at(0).args.at(1);
+  EXPECT_EQ(small.asFloats(), (std::vector<float>{1, 2.5f, -3}));
+  EXPECT_EQ(small.items().at(0).kind(), ZelValue::Kind::Integer);
+  EXPECT_EQ(small.items().at(2).kind(), ZelValue::Kind::Float);
+  EXPECT_THROW(small.asInts(), ZelReadError);
+  EXPECT_EQ(large.items().at(0).asInt(), 16777217);
+  EXPECT_EQ(large.asFloats().at(1), 0.1f);
 }
 
 TEST(ZelReader, MissingFileIsTold) {

@@ -1,18 +1,16 @@
 #include "zel/reader/zelreader.h"
 
+#include <simdjson.h>
+#include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
 #include <limits>
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 namespace {
 
-// Numbers with a fraction or exponent are parsed straight to float, with no
-// detour through double, so that each reads back to the bits it was written
-// from.
-using Json = nlohmann::basic_json<std::map, std::vector, std::string, bool, std::int64_t,
-                                  std::uint64_t, float>;
+namespace od = simdjson::ondemand;
 
 [[noreturn]] void fail(size_t line, const std::string& what) {
   throw ZelReadError("ZEL line " + std::to_string(line) + ": " + what);
@@ -23,7 +21,7 @@ using Json = nlohmann::basic_json<std::map, std::vector, std::string, bool, std:
 }
 
 // The parser gives UTF-8; the file's texts are bytes written as U+0000 to U+00FF.
-std::string toBytes(const std::string& utf8, size_t line) {
+std::string toBytes(std::string_view utf8, size_t line) {
   std::string bytes;
   bytes.reserve(utf8.size());
   for (size_t i = 0; i < utf8.size(); ++i) {
@@ -40,85 +38,219 @@ std::string toBytes(const std::string& utf8, size_t line) {
   return bytes;
 }
 
-ZelValue toValue(const Json& json, size_t line) {
-  switch (json.type()) {
-    case Json::value_t::null:
+enum class NumberForm { Integer, Fraction, Invalid };
+
+// JSON's number grammar; a fraction or an exponent makes the number a float.
+NumberForm numberForm(std::string_view text) {
+  size_t i = 0;
+  auto digits = [&] {
+    size_t start = i;
+    while (i < text.size() && text[i] >= '0' && text[i] <= '9') ++i;
+    return i > start;
+  };
+  auto skip = [&](char a, char b) {
+    bool found = i < text.size() && (text[i] == a || text[i] == b);
+    i += found ? 1 : 0;
+    return found;
+  };
+  skip('-', '-');
+  if (!skip('0', '0') && !digits()) return NumberForm::Invalid;
+  bool fraction = false;
+  if (skip('.', '.')) {
+    if (!digits()) return NumberForm::Invalid;
+    fraction = true;
+  }
+  if (skip('e', 'E')) {
+    skip('+', '-');
+    if (!digits()) return NumberForm::Invalid;
+    fraction = true;
+  }
+  if (i != text.size()) return NumberForm::Invalid;
+  return fraction ? NumberForm::Fraction : NumberForm::Integer;
+}
+
+// Straight from the text to float, with no detour through double, so that
+// each number reads back to the bits it was written from.
+float toFloat(std::string_view text) {
+  float value = 0;
+  auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  // Too large or too small for a float: infinity or zero, as strtof gives.
+  if (error == std::errc::result_out_of_range)
+    return std::strtof(std::string(text).c_str(), nullptr);
+  return value;
+}
+
+// A number of the file: an integer, or else a float.
+struct Number {
+  bool integer = false;
+  int64_t whole = 0;
+  float value = 0;
+};
+
+Number parseNumber(std::string_view token, size_t line) {
+  while (!token.empty() && (token.back() == ' ' || token.back() == '\t' || token.back() == '\r'))
+    token.remove_suffix(1);
+  NumberForm form = numberForm(token);
+  if (form == NumberForm::Invalid) fail(line, "\"" + std::string(token) + "\" is not a number");
+  const char* first = token.data();
+  const char* last = first + token.size();
+  if (form == NumberForm::Integer) {
+    int64_t whole = 0;
+    if (std::from_chars(first, last, whole).ec == std::errc())
+      return {true, whole, static_cast<float>(whole)};
+    uint64_t large = 0;
+    if (token[0] != '-' && std::from_chars(first, last, large).ec == std::errc())
+      fail(line, "integer " + std::to_string(large) + " is too large");
+  }
+  return {false, 0, toFloat(token)};
+}
+
+ZelValue numberValue(std::string_view token, size_t line) {
+  Number number = parseNumber(token, line);
+  if (number.integer) return ZelValue(number.whole);
+  return ZelValue(number.value);
+}
+
+ZelValue toValue(od::value json, size_t line);
+
+// Integers up to this size are exact as floats.
+constexpr int64_t kExactInFloat = int64_t(1) << 24;
+
+// An array whose items are all numbers, each exact as a float, is kept as
+// floats; any other item turns it into an array of values from there on.
+ZelValue arrayValue(od::array array, size_t line) {
+  std::vector<float> numbers;
+  std::vector<bool> whole;
+  std::vector<ZelValue> items;
+  bool compact = true;
+  for (auto element : array) {
+    od::value item = element.value();
+    if (compact && item.type().value() == od::json_type::number) {
+      Number number = parseNumber(item.raw_json_token(), line);
+      if (!number.integer || std::abs(number.whole) <= kExactInFloat) {
+        numbers.push_back(number.value);
+        whole.push_back(number.integer);
+        continue;
+      }
+    }
+    if (compact) {
+      items = ZelValue::numbers(std::move(numbers), std::move(whole)).items();
+      compact = false;
+    }
+    items.push_back(toValue(item, line));
+  }
+  if (compact && !numbers.empty()) return ZelValue::numbers(std::move(numbers), std::move(whole));
+  return ZelValue(std::move(items));
+}
+
+ZelValue toValue(od::value json, size_t line) {
+  switch (json.type().value()) {
+    case od::json_type::null:
+      if (!json.is_null().value())
+        fail(line, "\"" + std::string(json.raw_json_token()) + "\" is not null");
       return ZelValue();
-    case Json::value_t::boolean:
-      return ZelValue(json.get<bool>());
-    case Json::value_t::number_integer:
-      return ZelValue(json.get<int64_t>());
-    case Json::value_t::number_unsigned: {
-      uint64_t value = json.get<uint64_t>();
-      if (value > static_cast<uint64_t>(std::numeric_limits<int64_t>::max()))
-        fail(line, "integer " + std::to_string(value) + " is too large");
-      return ZelValue(static_cast<int64_t>(value));
-    }
-    case Json::value_t::number_float:
-      return ZelValue(json.get<float>());
-    case Json::value_t::string:
-      return ZelValue(toBytes(json.get_ref<const std::string&>(), line));
-    case Json::value_t::array: {
-      std::vector<ZelValue> items;
-      items.reserve(json.size());
-      for (const Json& item : json) items.push_back(toValue(item, line));
-      return ZelValue(std::move(items));
-    }
+    case od::json_type::boolean:
+      return ZelValue(json.get_bool().value());
+    case od::json_type::number:
+      return numberValue(json.raw_json_token(), line);
+    case od::json_type::string:
+      return ZelValue(toBytes(json.get_string().value(), line));
+    case od::json_type::array:
+      return arrayValue(json.get_array().value(), line);
     default:
-      fail(line, "unexpected " + std::string(json.type_name()) + " value");
+      fail(line, "unexpected object value");
   }
 }
 
-const Json& member(const Json& object, const char* key, size_t line) {
-  auto found = object.find(key);
-  if (found == object.end()) fail(line, std::string("missing \"") + key + "\"");
-  return *found;
+// The member's value, or false when the object has none.
+bool findMember(od::object& object, const char* key, od::value& value) {
+  auto found = object.find_field_unordered(key);
+  if (found.error() == simdjson::NO_SUCH_FIELD) return false;
+  value = found.value();
+  return true;
 }
 
-int64_t integerMember(const Json& object, const char* key, size_t line) {
-  const Json& value = member(object, key, line);
-  if (!value.is_number_integer()) fail(line, std::string("\"") + key + "\" is not an integer");
-  return toValue(value, line).asInt();
+od::value member(od::object& object, const char* key, size_t line) {
+  od::value value;
+  if (!findMember(object, key, value)) fail(line, std::string("missing \"") + key + "\"");
+  return value;
 }
 
-void onlyKeys(const Json& object, std::initializer_list<const char*> keys, size_t line) {
-  for (auto it = object.begin(); it != object.end(); ++it) {
+int64_t integerValue(od::value value, const char* key, size_t line) {
+  if (value.type().value() == od::json_type::number) {
+    Number number = parseNumber(value.raw_json_token(), line);
+    if (number.integer) return number.whole;
+  }
+  fail(line, std::string("\"") + key + "\" is not an integer");
+}
+
+int64_t integerMember(od::object& object, const char* key, size_t line) {
+  return integerValue(member(object, key, line), key, line);
+}
+
+using Keys = std::initializer_list<const char*>;
+
+// Checks the keys before any value is read, leaving the object at its end.
+void onlyKeys(od::object& object, Keys keys, size_t line) {
+  for (auto field : object) {
+    std::string_view key = field.unescaped_key().value();
     bool known = false;
-    for (const char* key : keys) known = known || it.key() == key;
-    if (!known) fail(line, "unknown member \"" + it.key() + "\"");
+    for (const char* name : keys) known = known || key == name;
+    if (!known) fail(line, "unknown member \"" + std::string(key) + "\"");
   }
 }
 
-ZelParamRecord toParam(const Json& json, size_t line) {
-  if (!json.is_object()) fail(line, "a parameter is not an object");
-  onlyKeys(json, {"code", "name", "type", "class", "count", "values"}, line);
+bool isText(od::value& value) {
+  return value.type().value() == od::json_type::string;
+}
+
+ZelParamRecord toParam(od::value json, size_t line) {
+  if (json.type().value() != od::json_type::object) fail(line, "a parameter is not an object");
+  od::object object = json.get_object().value();
+  onlyKeys(object, {"code", "name", "type", "class", "count", "values"}, line);
+  object.reset().value();
   ZelParamRecord param;
-  param.code = integerMember(json, "code", line);
-  const Json& name = member(json, "name", line);
-  if (name.is_string())
-    param.name = toBytes(name.get_ref<const std::string&>(), line);
-  else if (!name.is_null())
+  param.code = integerMember(object, "code", line);
+  od::value name = member(object, "name", line);
+  if (isText(name))
+    param.name = toBytes(name.get_string().value(), line);
+  else if (!name.is_null().value())
     fail(line, "a parameter's \"name\" is neither text nor null");
-  param.type = integerMember(json, "type", line);
-  param.tokenClass = integerMember(json, "class", line);
-  param.count = integerMember(json, "count", line);
-  const Json& values = member(json, "values", line);
-  if (!values.is_array() && !values.is_null()) fail(line, "\"values\" is not an array");
+  param.type = integerMember(object, "type", line);
+  param.tokenClass = integerMember(object, "class", line);
+  param.count = integerMember(object, "count", line);
+  od::value values = member(object, "values", line);
+  od::json_type type = values.type().value();
+  if (type != od::json_type::array && type != od::json_type::null)
+    fail(line, "\"values\" is not an array");
   param.values = toValue(values, line);
   return param;
 }
 
-Json parseLine(const std::string& text, size_t line) {
-  try {
-    Json json = Json::parse(text);
-    if (!json.is_object()) fail(line, "not a JSON object");
-    return json;
-  } catch (const Json::exception& error) {
-    fail(line, error.what());
-  }
+// The line as one JSON object of the keys, with nothing after it.
+od::object parseLine(od::document& document, Keys keys, size_t line) {
+  if (document.type().value() != od::json_type::object) fail(line, "not a JSON object");
+  od::object object = document.get_object().value();
+  onlyKeys(object, keys, line);
+  // Past the object's end the document has no location: anything else there is a second value.
+  if (!document.current_location().error()) fail(line, "more than one JSON value");
+  object.reset().value();
+  return object;
 }
 
 }  // namespace
+
+struct ZelReader::Json {
+  od::parser parser;
+  od::document document;
+
+  // The document of the text, which must have room for the parser's padding.
+  od::object parse(std::string& text, Keys keys, size_t line) {
+    text.reserve(text.size() + simdjson::SIMDJSON_PADDING);
+    document = parser.iterate(simdjson::padded_string_view(text, text.capacity())).value();
+    return parseLine(document, keys, line);
+  }
+};
 
 bool ZelValue::asBool() const {
   if (auto* value = std::get_if<bool>(&value_)) return *value;
@@ -146,68 +278,107 @@ const std::string& ZelValue::asText() const {
   wrongKind("a text");
 }
 
+ZelValue ZelValue::numbers(std::vector<float> values, std::vector<bool> whole) {
+  return ZelValue(Numbers{std::move(values), std::move(whole), {}});
+}
+
 const std::vector<ZelValue>& ZelValue::items() const {
   if (auto* value = std::get_if<std::vector<ZelValue>>(&value_)) return *value;
+  if (auto* numbers = std::get_if<Numbers>(&value_)) {
+    if (numbers->items.size() != numbers->values.size()) {
+      numbers->items.reserve(numbers->values.size());
+      for (size_t i = 0; i < numbers->values.size(); ++i) {
+        float v = numbers->values[i];
+        if (numbers->whole[i])
+          numbers->items.emplace_back(static_cast<int64_t>(v));
+        else
+          numbers->items.emplace_back(v);
+      }
+    }
+    return numbers->items;
+  }
   wrongKind("an array");
 }
 
 std::vector<float> ZelValue::asFloats() const {
-  std::vector<float> numbers;
-  for (const ZelValue& item : items()) numbers.push_back(item.asFloat());
-  return numbers;
+  if (auto* numbers = std::get_if<Numbers>(&value_)) return numbers->values;
+  const std::vector<ZelValue>& all = items();
+  std::vector<float> values;
+  values.reserve(all.size());
+  for (const ZelValue& item : all) values.push_back(item.asFloat());
+  return values;
 }
 
 std::vector<int64_t> ZelValue::asInts() const {
-  std::vector<int64_t> numbers;
-  for (const ZelValue& item : items()) numbers.push_back(item.asInt());
-  return numbers;
+  if (auto* numbers = std::get_if<Numbers>(&value_)) {
+    std::vector<int64_t> values;
+    values.reserve(numbers->values.size());
+    for (size_t i = 0; i < numbers->values.size(); ++i) {
+      if (!numbers->whole[i]) wrongKind("an integer");
+      values.push_back(static_cast<int64_t>(numbers->values[i]));
+    }
+    return values;
+  }
+  const std::vector<ZelValue>& all = items();
+  std::vector<int64_t> values;
+  values.reserve(all.size());
+  for (const ZelValue& item : all) values.push_back(item.asInt());
+  return values;
 }
 
-ZelReader::ZelReader(std::istream& in) : in_(in) {
-  std::string text;
-  if (!readLine(text)) fail(1, "no header: the file is empty");
-  Json header = parseLine(text, line_);
-  onlyKeys(header, {"format", "version", "generator", "reader"}, line_);
-  const Json& format = member(header, "format", line_);
-  if (!format.is_string() || format.get<std::string>() != "ZEL") fail(line_, "not a ZEL file");
-  int64_t version = integerMember(header, "version", line_);
-  if (version != 1) fail(line_, "ZEL version " + std::to_string(version) + " is not supported");
-  const Json& generator = member(header, "generator", line_);
-  if (!generator.is_string()) fail(line_, "\"generator\" is not text");
-  generator_ = toBytes(generator.get<std::string>(), line_);
-  if (header.contains("reader")) {
-    const Json& reader = member(header, "reader", line_);
-    if (!reader.is_string()) fail(line_, "\"reader\" is not text");
-    reader_ = toBytes(reader.get<std::string>(), line_);
+ZelReader::ZelReader(std::istream& in) : in_(in), json_(std::make_unique<Json>()) {
+  if (!readLine()) fail(1, "no header: the file is empty");
+  try {
+    od::object header = json_->parse(text_, {"format", "version", "generator", "reader"}, line_);
+    od::value format = member(header, "format", line_);
+    if (!isText(format) || format.get_string().value() != "ZEL") fail(line_, "not a ZEL file");
+    int64_t version = integerMember(header, "version", line_);
+    if (version != 1) fail(line_, "ZEL version " + std::to_string(version) + " is not supported");
+    od::value generator = member(header, "generator", line_);
+    if (!isText(generator)) fail(line_, "\"generator\" is not text");
+    generator_ = toBytes(generator.get_string().value(), line_);
+    od::value reader;
+    if (findMember(header, "reader", reader)) {
+      if (!isText(reader)) fail(line_, "\"reader\" is not text");
+      reader_ = toBytes(reader.get_string().value(), line_);
+    }
+  } catch (const simdjson::simdjson_error& error) {
+    fail(line_, error.what());
   }
 }
 
-bool ZelReader::readLine(std::string& line) {
-  if (!std::getline(in_, line)) return false;
+ZelReader::~ZelReader() = default;
+
+bool ZelReader::readLine() {
+  if (!std::getline(in_, text_)) return false;
   ++line_;
   if (in_.eof()) fail(line_, "the last record has no line end: the file was cut short");
   return true;
 }
 
 bool ZelReader::next(ZelRecord& record) {
-  std::string text;
-  if (!readLine(text)) return false;
-  Json json = parseLine(text, line_);
-  onlyKeys(json, {"op", "args", "params", "handle"}, line_);
+  if (!readLine()) return false;
   record = ZelRecord();
   record.line = line_;
-  const Json& op = member(json, "op", line_);
-  if (!op.is_string()) fail(line_, "\"op\" is not text");
-  record.op = op.get<std::string>();
-  const Json& args = member(json, "args", line_);
-  if (!args.is_array()) fail(line_, "\"args\" is not an array");
-  record.args = toValue(args, line_).items();
-  if (auto params = json.find("params"); params != json.end()) {
-    if (!params->is_array()) fail(line_, "\"params\" is not an array");
-    record.hasParams = true;
-    for (const Json& param : *params) record.params.push_back(toParam(param, line_));
+  try {
+    od::object json = json_->parse(text_, {"op", "args", "params", "handle"}, line_);
+    od::value op = member(json, "op", line_);
+    if (!isText(op)) fail(line_, "\"op\" is not text");
+    record.op = op.get_string().value();
+    od::value args = member(json, "args", line_);
+    if (args.type().value() != od::json_type::array) fail(line_, "\"args\" is not an array");
+    for (auto arg : args.get_array()) record.args.push_back(toValue(arg.value(), line_));
+    od::value params;
+    if (findMember(json, "params", params)) {
+      if (params.type().value() != od::json_type::array) fail(line_, "\"params\" is not an array");
+      record.hasParams = true;
+      for (auto param : params.get_array()) record.params.push_back(toParam(param.value(), line_));
+    }
+    if (od::value handle; findMember(json, "handle", handle))
+      record.handle = integerValue(handle, "handle", line_);
+  } catch (const simdjson::simdjson_error& error) {
+    fail(line_, error.what());
   }
-  if (json.contains("handle")) record.handle = integerMember(json, "handle", line_);
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <istream>
 #include <map>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -32,8 +33,13 @@ class ZelValue {
   explicit ZelValue(float value) : value_(value) {}
   explicit ZelValue(std::string value) : value_(std::move(value)) {}
   explicit ZelValue(std::vector<ZelValue> items) : value_(std::move(items)) {}
+  // An array of numbers kept as floats, a flag per item marking the integers
+  // (each exact as a float): the scene's long arrays cost no value per item.
+  static ZelValue numbers(std::vector<float> values, std::vector<bool> whole);
 
-  Kind kind() const { return static_cast<Kind>(value_.index()); }
+  Kind kind() const {
+    return value_.index() == kNumbersIndex ? Kind::Array : static_cast<Kind>(value_.index());
+  }
   bool isNull() const { return kind() == Kind::Null; }
 
   // Each throws ZelReadError when the value is of another kind.
@@ -41,12 +47,24 @@ class ZelValue {
   int64_t asInt() const;
   float asFloat() const;  // an integer, a float, or "inf", "-inf", "nan"
   const std::string& asText() const;
+  // An array of numbers makes its items on the first call, so one value is not
+  // for several threads at once.
   const std::vector<ZelValue>& items() const;
   std::vector<float> asFloats() const;  // an array, each item as asFloat
   std::vector<int64_t> asInts() const;
 
  private:
-  std::variant<std::monostate, bool, int64_t, float, std::string, std::vector<ZelValue>> value_;
+  struct Numbers {
+    std::vector<float> values;
+    std::vector<bool> whole;
+    mutable std::vector<ZelValue> items;  // made when asked for
+  };
+  static constexpr size_t kNumbersIndex = 6;
+
+  explicit ZelValue(Numbers numbers) : value_(std::move(numbers)) {}
+
+  std::variant<std::monostate, bool, int64_t, float, std::string, std::vector<ZelValue>, Numbers>
+      value_;
 };
 
 struct ZelParamRecord {
@@ -72,6 +90,7 @@ class ZelReader {
  public:
   // Reads and checks the header.
   explicit ZelReader(std::istream& in);
+  ~ZelReader();
 
   const std::string& generator() const { return generator_; }
   // The header's "reader", or "" when it has none (the classic reader).
@@ -80,9 +99,13 @@ class ZelReader {
   bool next(ZelRecord& record);
 
  private:
-  bool readLine(std::string& line);
+  struct Json;  // the JSON parser and its buffers, kept from line to line
+
+  bool readLine();
 
   std::istream& in_;
+  std::unique_ptr<Json> json_;
+  std::string text_;
   size_t line_ = 0;
   std::string generator_;
   std::string reader_;

@@ -1,0 +1,38 @@
+// Reads a scene file's records on a thread of its own, a batch at a time, so
+// that reading the file and tessellating what it holds overlap.
+#pragma once
+
+#include <condition_variable>
+#include <deque>
+#include <exception>
+#include <istream>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "zel/reader/zelreader.h"
+
+class RecordPipe {
+ public:
+  // Reads the header at once, throwing as ZelReader does.
+  explicit RecordPipe(std::istream& in);
+  ~RecordPipe();
+  RecordPipe(const RecordPipe&) = delete;
+  RecordPipe& operator=(const RecordPipe&) = delete;
+
+  // The next records in file order, or false at the end. An error the
+  // reader met is thrown once the records before it have been taken.
+  bool next(std::vector<ZelRecord>& batch);
+
+ private:
+  void run();
+
+  ZelReader reader_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<std::vector<ZelRecord>> batches_;
+  bool done_ = false;
+  bool stop_ = false;
+  std::exception_ptr error_;
+  std::thread thread_;
+};
