@@ -15,10 +15,18 @@ namespace {
 std::atomic<int64_t> gLiveBytes{0};
 }
 
-void* operator new(size_t size) {
+// The nothrow form is replaced too: libraries built without the sanitizers
+// (the JSON parser) allocate with it, and under AddressSanitizer the
+// sanitizer's own would otherwise hand out blocks that reach the free below.
+void* operator new(size_t size, const std::nothrow_t&) noexcept {
   void* block = std::malloc(size ? size : 1);
+  if (block != nullptr) gLiveBytes += static_cast<int64_t>(malloc_usable_size(block));
+  return block;
+}
+
+void* operator new(size_t size) {
+  void* block = operator new(size, std::nothrow);
   if (block == nullptr) throw std::bad_alloc();
-  gLiveBytes += static_cast<int64_t>(malloc_usable_size(block));
   return block;
 }
 
@@ -31,6 +39,10 @@ void operator delete(void* block) noexcept {
 }
 
 void operator delete(void* block, size_t) noexcept {
+  operator delete(block);
+}
+
+void operator delete(void* block, const std::nothrow_t&) noexcept {
   operator delete(block);
 }
 
