@@ -106,5 +106,5 @@ size_t Builder::steps(Vec3 centre, float size, size_t fewest, size_t most) const
   }
   float n = pixels / kPixelsPerStep;
   if (!(n < float(most))) return most;
-  return std::max(fewest, static_cast<size_t>(n));
+  return n > float(fewest) ? static_cast<size_t>(n) : fewest;
 }

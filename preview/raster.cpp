@@ -106,6 +106,9 @@ void Renderer::triangle(const View& view, uint32_t a, uint32_t b, uint32_t c) {
 
 std::optional<Renderer::PixelBox> Renderer::pixelBox(const Corner& a, const Corner& b,
                                                      const Corner& c) const {
+  // A transform of absurd size leaves corners at infinity or undefined: nothing to draw.
+  for (const Corner* k : {&a, &b, &c})
+    if (!std::isfinite(k->x) || !std::isfinite(k->y)) return std::nullopt;
   float lox = std::min({a.x, b.x, c.x}), hix = std::max({a.x, b.x, c.x});
   float loy = std::min({a.y, b.y, c.y}), hiy = std::max({a.y, b.y, c.y});
   // Only pixels whose centres lie within the bounds can be covered; most

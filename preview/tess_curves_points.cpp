@@ -18,7 +18,7 @@ constexpr size_t kCubicSteps = 8;
 // The width of item i of n: "width" per item, or "constantwidth", or 1.
 float widthAt(const std::vector<float>& width, float constant, float at, size_t n) {
   if (width.size() < n || n == 0) return constant;
-  float x = std::clamp(at, 0.0f, float(n - 1));
+  float x = at >= 0 ? std::min(at, float(n - 1)) : 0.0f;
   size_t i = std::min(static_cast<size_t>(x), n - 1), j = std::min(i + 1, n - 1);
   return width[i] + (width[j] - width[i]) * (x - float(i));
 }
