@@ -11,8 +11,9 @@ namespace {
 
 constexpr int32_t kMaxCallDepth = 32;
 // Instances of instances multiply: a few lines can call for billions of
-// records. Past this many, further instances are not drawn.
-constexpr uint64_t kMaxReplayed = uint64_t{1} << 22;
+// records. Past a quarter as many records as triangles allowed (4 M for the
+// whole picture), further instances are not drawn.
+constexpr uint64_t kTrianglesPerReplayed = 4;
 constexpr int64_t kVDirection = 0x0801;
 
 // Records that change nothing in the picture.
@@ -103,7 +104,9 @@ Vec3 vecArgs(const ZelRecord& r, size_t i) {
 }  // namespace
 
 SceneWalk::SceneWalk(Scene& scene, size_t maxTriangles)
-    : scene_(scene), builder_(scene.mesh, maxTriangles) {}
+    : scene_(scene),
+      builder_(scene.mesh, maxTriangles),
+      maxReplayed_(maxTriangles / kTrianglesPerReplayed) {}
 
 bool SceneWalk::take(const ZelRecord& r) {
   if (ended_) return false;
@@ -275,11 +278,13 @@ void SceneWalk::restore(const Attributes& a) {
 void SceneWalk::call(const ZelRecord& r) {
   auto found = objects_.find(argInt(r, 0));
   if (found == objects_.end() || calls_ >= kMaxCallDepth || builder_.full()) return;
-  if (replayed_ + found->second.size() > kMaxReplayed) {
-    note(r, "instances beyond " + std::to_string(kMaxReplayed) + " records in all are not drawn");
+  // The call itself counts, so that objects which only call others are held too.
+  uint64_t records = found->second.size() + 1;
+  if (replayed_ + records > maxReplayed_) {
+    note(r, "instances beyond " + std::to_string(maxReplayed_) + " records in all are not drawn");
     return;
   }
-  replayed_ += found->second.size();
+  replayed_ += records;
   ++calls_;
   // An instance is drawn in its own scope: what its records change ends with it.
   attributes_.push_back(saved());

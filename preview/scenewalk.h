@@ -49,6 +49,7 @@ class SceneWalk {
   std::vector<ZelRecord> dropped_;
   int32_t calls_ = 0;      // depth of ObjectCall within ObjectCall
   uint64_t replayed_ = 0;  // records drawn again by ObjectCall
+  uint64_t maxReplayed_;
   bool inScene_ = false;
   bool ended_ = false;
   std::set<std::string> noted_;

@@ -1,7 +1,7 @@
 // Replays every input that once made a fuzz target fail, through the scanner
-// alone and through a whole conversion, plain and as gzip input, as the
-// targets run them. A fault
-// that comes back shows as a crash or a sanitizer report here.
+// alone, through a whole conversion, plain and as gzip input, and through the
+// preview of the scene it converts to, as the targets run them. A fault that
+// comes back shows as a crash or a sanitizer report here.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "fuzz/fuzzinput.h"
+#include "fuzz/previewinput.h"
 #include "tests/support/files.h"
 
 namespace {
@@ -27,7 +28,7 @@ std::vector<fs::path> regressionInputs() {
   return inputs;
 }
 
-TEST(FuzzRegressions, EveryKeptInputRunsThroughTheScannerAndAConversion) {
+TEST(FuzzRegressions, EveryKeptInputRunsThroughTheScannerAConversionAndThePreview) {
   const std::vector<fs::path> inputs = regressionInputs();
   ASSERT_FALSE(inputs.empty()) << "no inputs in " << regressionsDir();
   for (const fs::path& p : inputs) {
@@ -38,6 +39,7 @@ TEST(FuzzRegressions, EveryKeptInputRunsThroughTheScannerAndAConversion) {
     fuzzinput::convertText(data, bytes.size(), false);
     fuzzinput::convertgzip(data, bytes.size());
     fuzzinput::convertText(data, bytes.size(), true);
+    fuzzinput::drawConverted(data, bytes.size());
   }
 }
 
