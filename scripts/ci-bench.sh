@@ -1,7 +1,10 @@
 #!/usr/bin/env bash
-# CI smoke test of the throughput benchmark: a small workload, figures printed
-# but not judged. It fails only if a conversion fails or the ASCII and binary
-# workloads give different scene files.
+# CI smoke test of the benchmarks. The throughput benchmark runs a small
+# workload, its figures printed but not judged: it fails only if a conversion
+# fails or the ASCII and binary workloads give different scene files. The
+# linear-time benchmark then fails when some work grows much faster than the
+# input (it uses the rib2zel that run_bench.sh has built in build/).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash bench/run_bench.sh --size-mb 5 --runs 3
+python3 bench/linear_bench.py

@@ -24,7 +24,8 @@ const std::vector<std::string> kGoodOps = {"RasterViewport", "RasterAspect", "Sc
 }  // namespace
 
 // A bad request is reported, and the requests after it are still converted,
-// from a file (plain or compressed) next to it or from standard input.
+// from a file (plain or compressed) next to it or from standard input, by
+// either reader.
 TEST(Rib2zel, ConvertsAFileOrStandardInputPastABadRequest) {
   const std::string gz = gzipped(kBadAmongGood);
   const lines reported = {kBogusLine, "There are warning/error messages."};
@@ -41,6 +42,7 @@ TEST(Rib2zel, ConvertsAFileOrStandardInputPastABadRequest) {
       {"", kBadAmongGood, {"-", "-"}, "", reported},
       {"", kBadAmongGood, {"-"}, "", reported},
       {"", gz, {"-", "-"}, "", reported},
+      {"", kBadAmongGood, {"--extended", "-", "-"}, "", reported},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.file + " " + std::to_string(c.args.size()));

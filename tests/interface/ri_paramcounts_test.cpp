@@ -1,6 +1,7 @@
 // The counts the binding gives the scene library must be those the RIB
 // reader held each parameter list to; a larger one would let the library
-// read past a value.
+// read past a value. The reader's tests hold the shared patch formulas to
+// its cases; these hold the binding's own: names, tokens, steps set here.
 #include "interface/ri_paramcounts.h"
 
 #include <gtest/gtest.h>
@@ -52,19 +53,12 @@ TEST(PrimitiveCounts, MatchTheReadersVerifyCounts) {
       {"bilinear patch", patchCounts(RI_BILINEAR), {1, 4, 4}},
       {"patch type in capitals is not bicubic", patchCounts(text("Bicubic")), {1, 4, 4}},
       {"null patch type", patchCounts(nullptr), {1, 4, 4}},
-      {"bicubic mesh, steps 3",
-       patchMeshCounts(RI_BICUBIC, 7, RI_NONPERIODIC, 4, RI_NONPERIODIC),
-       {2, 6, 28}},
-      {"bilinear mesh periodic in v",
-       patchMeshCounts(RI_BILINEAR, 3, RI_NONPERIODIC, 4, RI_PERIODIC),
-       {8, 12, 12}},
       {"bicubic mesh truncates toward zero",
        patchMeshCounts(RI_BICUBIC, 3, RI_NONPERIODIC, 1, RI_NONPERIODIC),
        {0, 2, 3}},
       {"wrap word in capitals is not periodic",
        patchMeshCounts(RI_BILINEAR, 3, text("Periodic"), 2, RI_PERIODIC),
        {4, 6, 6}},
-      {"nurbs patch", nuPatchCounts(4, 4), {1, 16, 16}},
       {"products do not wrap", nuPatchCounts(65536, 65536), {1, wide, wide}},
       {"quadric", quadricCounts(), {1, 4, 4}},
   };
@@ -76,9 +70,7 @@ TEST(PrimitiveCounts, MatchTheReadersVerifyCounts) {
   }
 }
 
-TEST(PatchMeshCounts, DivideByTheStepsOfTheLastBasis) {
-  setBasisSteps(1, 1);
-  PrimitiveCounts got = patchMeshCounts(RI_BICUBIC, 6, RI_PERIODIC, 5, RI_NONPERIODIC);
+TEST(PatchMeshCounts, StepsOfZeroOrBelowDivideAsTheReaderDoes) {
   setBasisSteps(0, -2);
   PrimitiveCounts stepless = patchMeshCounts(RI_BICUBIC, 6, RI_PERIODIC, 5, RI_NONPERIODIC);
   setBasisSteps(-1, -1);
@@ -86,9 +78,6 @@ TEST(PatchMeshCounts, DivideByTheStepsOfTheLastBasis) {
   resetBasisSteps();
   PrimitiveCounts fresh = patchMeshCounts(RI_BICUBIC, 7, RI_NONPERIODIC, 4, RI_NONPERIODIC);
 
-  EXPECT_EQ(got.uniform, 12);
-  EXPECT_EQ(got.varying, 18);
-  EXPECT_EQ(got.vertex, 30);
   // A step of 0 gives no patches rather than a division by it.
   EXPECT_EQ(stepless.uniform, 0);
   EXPECT_EQ(stepless.varying, 0);

@@ -1,5 +1,5 @@
-// Helpers for the scanner tests: a scanner over bytes in memory, the token
-// stream written out as words, and report lines collected from the printer.
+// Helpers for the scanner tests: a scanner over bytes in memory and the token
+// stream written out as words.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,6 +9,7 @@
 
 #include "rib/bytesource.h"
 #include "rib/lexanrib.h"
+#include "tests/support/reportcollector.h"
 
 namespace lexantest {
 
@@ -99,23 +100,6 @@ inline void expectTokens(const std::vector<Case>& cases) {
 }
 
 // Collects report lines while it lives, then puts the old printer back.
-class Reports {
- public:
-  Reports() : saved_(lexanrib::RIBErrorPrinter) {
-    lines().clear();
-    lexanrib::RIBErrorPrinter = [](const char* line) { lines().push_back(line); };
-  }
-  ~Reports() { lexanrib::RIBErrorPrinter = saved_; }
-  Reports(const Reports&) = delete;
-  Reports& operator=(const Reports&) = delete;
-
-  static std::vector<std::string>& lines() {
-    static std::vector<std::string> collected;
-    return collected;
-  }
-
- private:
-  void (*saved_)(const char*);
-};
+using Reports = ReportCollector;
 
 }  // namespace lexantest

@@ -8,9 +8,9 @@
 
 #include "tests/support/files.h"
 #include "tests/support/scratchdir.h"
+#include "tools/gui/guidriver.h"
 
 class QWidget;
-class TProgressDialog;
 class TRendEdit;
 
 // The test folder of the other suites, in Qt's words.
@@ -30,19 +30,6 @@ class scratch {
 inline QByteArray readAll(const QString& path) {
   return QByteArray::fromStdString(readFile(path.toStdString()));
 }
-
-struct convertresult {
-  bool dialogShown = false;
-  QString status;  // the status line when the dialog had finished
-  QString log;     // the main window's log at that moment
-};
-
-// Runs File, Convert with the two paths in place of the file dialogs. When the
-// dialog has finished, notes the outcome, calls `finished` and presses OK.
-// While it runs, `running` is called now and then; it may close the dialog.
-using dialogcheck = std::function<void(TProgressDialog&)>;
-convertresult convert(const QString& input, const QString& output, const dialogcheck& running = {},
-                      const dialogcheck& finished = {});
 
 // Calls `answer` with the first modal widget that comes up while `action`
 // runs, then closes that widget. Returns false when none came up.

@@ -8,7 +8,7 @@
 
 #include "frontend/gui/rendapp.h"
 #include "frontend/gui/rendframe.h"
-#include "tests/frontend/gui/guitest.h"
+#include "tools/gui/guidriver.h"
 
 int main(int argc, char** argv) {
   if (argc != 3) {

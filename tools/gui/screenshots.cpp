@@ -3,7 +3,9 @@
 // Messages window. Run it on the offscreen platform from the repository:
 //   QT_QPA_PLATFORM=offscreen rz_gui_screenshots docs
 #include <QDir>
+#include <QFile>
 #include <QPixmap>
+#include <QTemporaryDir>
 #include <cstdio>
 
 #include "frontend/gui/msgwindow.h"
@@ -11,7 +13,7 @@
 #include "frontend/gui/rendapp.h"
 #include "frontend/gui/rendedit.h"
 #include "frontend/gui/rendframe.h"
-#include "tests/frontend/gui/guitest.h"
+#include "tools/gui/guidriver.h"
 
 namespace {
 
@@ -61,9 +63,15 @@ int main(int argc, char** argv) {
   QDir dir(QString::fromLocal8Bit(argv[1]));
   app.InitMainWindow();
   app.fFrame->show();
-  scratch files;
+  QTemporaryDir files;
+  QFile scene(files.filePath("scene.rib"));
+  if (!files.isValid() || !scene.open(QIODevice::WriteOnly) || scene.write(kScene) < 0) {
+    std::fprintf(stderr, "could not write the scene in a temporary folder\n");
+    return 1;
+  }
+  scene.close();
   bool ok = true;
-  convert(files.write("scene.rib", kScene), files.file("scene.zel"), {},
+  convert(scene.fileName(), files.filePath("scene.zel"), {},
           [&](TProgressDialog& dialog) { ok = save(&dialog, dir, "gui-dialog.png") && ok; });
   ok = save(app.fFrame, dir, "gui-main.png") && ok;
   if (gMsgWindow) {
