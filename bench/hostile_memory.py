@@ -185,9 +185,12 @@ def run(rib2zel, pieces, limit=0, scene=None):
     this one, the subreaper, which collects its rusage alone."""
     preexec = (lambda: resource.setrlimit(resource.RLIMIT_DATA, (limit, limit))) if limit else None
     args = ['-', scene] if scene else PARSE_ONLY
-    starter = subprocess.Popen(['setsid', '--fork', rib2zel] + args, stdin=subprocess.PIPE,
-                               stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
-                               preexec_fn=preexec)
+    try:
+        starter = subprocess.Popen(['setsid', '--fork', rib2zel] + args, stdin=subprocess.PIPE,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
+                                   preexec_fn=preexec)
+    except FileNotFoundError:
+        sys.exit('hostile_memory: setsid (util-linux) is needed to start the conversions')
     _, status, _ = os.wait4(starter.pid, 0)
     starter.returncode = os.waitstatus_to_exitcode(status)
     if starter.returncode != 0:
