@@ -102,8 +102,9 @@ COUNTS = [
 
 
 def case(what, make, bound_kb=NOISE_KB, status=(0,), err=None, **more):
-    """`make` returns the input's pieces; `err` is the whole standard error
-    expected, by lines. `relative_to` names an earlier case whose growth is
+    """`make` returns the input's pieces; `status` the exit statuses allowed
+    and `err` the whole standard error expected, by lines (None: either goes
+    unchecked, as does the peak under `bound_kb` None). `relative_to` names an earlier case whose growth is
     added to the bound; `first_err` and `err_lines` check the first line and
     the count of lines of a long standard error; `data_limit` is RLIMIT_DATA
     in bytes; `output_has` makes the child write a scene file that must hold
