@@ -238,6 +238,7 @@ def main():
                         help='build directory holding rib2zel (default build/)')
     parser.add_argument('--rib2zel', help='the rib2zel to run (default BUILD/rib2zel)')
     options = parser.parse_args()
+    sys.stdout.reconfigure(line_buffering=True)  # the lines before the verdict
     rib2zel = options.rib2zel or os.path.join(options.build, 'rib2zel')
     if not os.access(rib2zel, os.X_OK):
         sys.exit('hostile_memory: no rib2zel at %s; build it first' % rib2zel)
