@@ -33,7 +33,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::istringstream scene(std::string(buffer, length));
   std::free(buffer);
   try {
-    drawScene(readScene(scene, size_t{1} << 20), std::array<int32_t, 2>{64, 48});
+    std::array<int32_t, 2> size{64, 48};
+    drawScene(readScene(scene, size_t{1} << 20, StillPicture{size}), size);
   } catch (const ZelReadError&) {
   } catch (const PreviewError&) {
   }

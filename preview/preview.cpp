@@ -20,7 +20,7 @@ PreviewResult previewFile(const std::string& scenePath, const std::string& pngPa
     return result;
   }
   try {
-    Scene scene = readScene(in);
+    Scene scene = readScene(in, kMaxTriangles, StillPicture{size});
     result.notes = scene.notes;
     result.error = writePng(drawScene(scene, size), pngPath);
   } catch (const ZelReadError& e) {

@@ -10,7 +10,8 @@ constexpr size_t kMostBatches = 4;
 
 }  // namespace
 
-RecordPipe::RecordPipe(std::istream& in) : reader_(in) {
+RecordPipe::RecordPipe(std::istream& in, std::vector<std::string> unread) : reader_(in) {
+  reader_.leaveValuesUnread(std::move(unread));
   thread_ = std::thread([this] { run(); });
 }
 

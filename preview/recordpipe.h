@@ -7,6 +7,7 @@
 #include <exception>
 #include <istream>
 #include <mutex>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -14,8 +15,9 @@
 
 class RecordPipe {
  public:
-  // Reads the header at once, throwing as ZelReader does.
-  explicit RecordPipe(std::istream& in);
+  // Reads the header at once, throwing as ZelReader does. The values of
+  // parameters named in `unread` are not read (ZelReader::leaveValuesUnread).
+  RecordPipe(std::istream& in, std::vector<std::string> unread);
   ~RecordPipe();
   RecordPipe(const RecordPipe&) = delete;
   RecordPipe& operator=(const RecordPipe&) = delete;

@@ -10,7 +10,7 @@
 
 inline Image picture(const std::string& records) {
   std::istringstream in("{\"format\":\"ZEL\",\"version\":1,\"generator\":\"test\"}\n" + records);
-  return drawScene(readScene(in), std::nullopt);
+  return drawScene(readScene(in, kMaxTriangles, StillPicture{}), std::nullopt);
 }
 
 struct Coverage {

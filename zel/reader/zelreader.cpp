@@ -1,6 +1,7 @@
 #include "zel/reader/zelreader.h"
 
 #include <simdjson.h>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -204,7 +205,7 @@ bool isText(od::value& value) {
   return value.type().value() == od::json_type::string;
 }
 
-ZelParamRecord toParam(od::value json, size_t line) {
+ZelParamRecord toParam(od::value json, const std::vector<std::string>& unread, size_t line) {
   if (json.type().value() != od::json_type::object) fail(line, "a parameter is not an object");
   od::object object = json.get_object().value();
   onlyKeys(object, {"code", "name", "type", "class", "count", "values"}, line);
@@ -223,6 +224,9 @@ ZelParamRecord toParam(od::value json, size_t line) {
   od::json_type type = values.type().value();
   if (type != od::json_type::array && type != od::json_type::null)
     fail(line, "\"values\" is not an array");
+  // Left unread, the values are passed over by the parser without a number being made.
+  if (param.name && std::find(unread.begin(), unread.end(), *param.name) != unread.end())
+    return param;
   param.values = toValue(values, line);
   return param;
 }
@@ -372,7 +376,8 @@ bool ZelReader::next(ZelRecord& record) {
     if (findMember(json, "params", params)) {
       if (params.type().value() != od::json_type::array) fail(line_, "\"params\" is not an array");
       record.hasParams = true;
-      for (auto param : params.get_array()) record.params.push_back(toParam(param.value(), line_));
+      for (auto param : params.get_array())
+        record.params.push_back(toParam(param.value(), unread_, line_));
     }
     if (od::value handle; findMember(json, "handle", handle))
       record.handle = integerValue(handle, "handle", line_);
