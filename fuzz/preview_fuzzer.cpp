@@ -33,8 +33,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::istringstream scene(std::string(buffer, length));
   std::free(buffer);
   try {
-    std::array<int32_t, 2> size{64, 48};
-    drawScene(readScene(scene, size_t{1} << 20, StillPicture{size}), size);
+    std::vector<std::string> notes;
+    stillPicture(scene, std::array<int32_t, 2>{64, 48}, notes, size_t{1} << 20);
   } catch (const ZelReadError&) {
   } catch (const PreviewError&) {
   }

@@ -10,8 +10,12 @@ constexpr float kPixelsPerStep = 6;
 }  // namespace
 
 bool Builder::room(size_t triangles) {
-  if (mesh_.triangles() + triangles > maxTriangles_) full_ = true;
-  return !full_;
+  if (full_ || made_ + triangles > maxTriangles_) {
+    full_ = true;
+    return false;
+  }
+  made_ += triangles;
+  return true;
 }
 
 bool Builder::place(const std::vector<Vec3>& points, size_t n) {

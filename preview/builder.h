@@ -55,8 +55,10 @@ class Builder {
   void smooth(const std::vector<Vec3>& points, const std::vector<Vec3>& colors,
               const std::vector<uint32_t>& triangles);
 
-  // True once the mesh holds the most triangles it may; later surfaces are dropped.
+  // True once the builder has made the most triangles it may; later
+  // surfaces are dropped. The mesh may have been emptied since (Scene::drawn).
   bool full() const { return full_; }
+  size_t made() const { return made_; }
 
  private:
   bool room(size_t triangles);
@@ -70,5 +72,6 @@ class Builder {
   Mesh& mesh_;
   size_t maxTriangles_;
   bool full_ = false;
+  size_t made_ = 0;
   std::vector<Vec3> world_;
 };

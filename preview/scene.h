@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <istream>
 #include <optional>
 #include <string>
@@ -34,7 +35,11 @@ struct StillPicture {
   std::optional<std::array<int32_t, 2>> size;
 };
 
+// Takes the scene so far after each batch of records: it may draw the
+// mesh's triangles and empty it, and the rest is added to what it leaves.
+using TakeMesh = std::function<void(Scene&)>;
+
 // Throws ZelReadError or PreviewError, each naming the line, for a file that
 // cannot be read.
 Scene readScene(std::istream& in, size_t maxTriangles = kMaxTriangles,
-                std::optional<StillPicture> still = std::nullopt);
+                std::optional<StillPicture> still = std::nullopt, const TakeMesh& take = {});

@@ -306,7 +306,7 @@ void SceneWalk::note(const ZelRecord& r, const std::string& what) {
 void SceneWalk::finish() {
   if (!ended_) scene_.notes.push_back("the scene file ends before its scene does");
   if (builder_.full()) {
-    scene_.notes.push_back("the scene makes more than " + std::to_string(scene_.mesh.triangles()) +
+    scene_.notes.push_back("the scene makes more than " + std::to_string(builder_.made()) +
                            " triangles: the rest is not drawn");
   }
 }
@@ -316,7 +316,8 @@ const std::vector<std::string>& unreadParameters() {
   return names;
 }
 
-Scene readScene(std::istream& in, size_t maxTriangles, std::optional<StillPicture> still) {
+Scene readScene(std::istream& in, size_t maxTriangles, std::optional<StillPicture> still,
+                const TakeMesh& take) {
   Scene scene;
   RecordPipe records(in, unreadParameters());
   SceneWalk walk(scene, maxTriangles, still);
@@ -331,6 +332,7 @@ Scene readScene(std::istream& in, size_t maxTriangles, std::optional<StillPictur
       }
       if (!going) break;
     }
+    if (take) take(scene);
   }
   walk.finish();
   return scene;

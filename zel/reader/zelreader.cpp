@@ -192,14 +192,27 @@ int64_t integerMember(od::object& object, const char* key, size_t line) {
 using Keys = std::initializer_list<const char*>;
 
 // Checks the keys before any value is read, leaving the object at its end.
-void onlyKeys(od::object& object, Keys keys, size_t line) {
+// Returns a bit for each of the keys the object holds, the first key's
+// lowest: looking for one it lacks would pass over every value again.
+uint32_t onlyKeys(od::object& object, Keys keys, size_t line) {
+  uint32_t present = 0;
   for (auto field : object) {
     std::string_view key = field.unescaped_key().value();
+    uint32_t bit = 1;
     bool known = false;
-    for (const char* name : keys) known = known || key == name;
+    for (const char* name : keys) {
+      if (key == name) {
+        present |= bit;
+        known = true;
+      }
+      bit <<= 1;
+    }
     if (!known) fail(line, "unknown member \"" + std::string(key) + "\"");
   }
+  return present;
 }
+
+constexpr uint32_t kThirdKey = 1 << 2, kFourthKey = 1 << 3;
 
 bool isText(od::value& value) {
   return value.type().value() == od::json_type::string;
@@ -231,11 +244,12 @@ ZelParamRecord toParam(od::value json, const std::vector<std::string>& unread, s
   return param;
 }
 
-// The line as one JSON object of the keys, with nothing after it.
-od::object parseLine(od::document& document, Keys keys, size_t line) {
+// The line as one JSON object of the keys, with nothing after it, and the
+// keys it holds (see onlyKeys).
+od::object parseLine(od::document& document, Keys keys, size_t line, uint32_t& present) {
   if (document.type().value() != od::json_type::object) fail(line, "not a JSON object");
   od::object object = document.get_object().value();
-  onlyKeys(object, keys, line);
+  present = onlyKeys(object, keys, line);
   // Past the object's end the document has no location: anything else there is a second value.
   if (!document.current_location().error()) fail(line, "more than one JSON value");
   object.reset().value();
@@ -249,10 +263,10 @@ struct ZelReader::Json {
   od::document document;
 
   // The document of the text, which must have room for the parser's padding.
-  od::object parse(std::string& text, Keys keys, size_t line) {
+  od::object parse(std::string& text, Keys keys, size_t line, uint32_t& present) {
     text.reserve(text.size() + simdjson::SIMDJSON_PADDING);
     document = parser.iterate(simdjson::padded_string_view(text, text.capacity())).value();
-    return parseLine(document, keys, line);
+    return parseLine(document, keys, line, present);
   }
 };
 
@@ -333,7 +347,9 @@ std::vector<int64_t> ZelValue::asInts() const {
 ZelReader::ZelReader(std::istream& in) : in_(in), json_(std::make_unique<Json>()) {
   if (!readLine()) fail(1, "no header: the file is empty");
   try {
-    od::object header = json_->parse(text_, {"format", "version", "generator", "reader"}, line_);
+    uint32_t present = 0;
+    od::object header =
+        json_->parse(text_, {"format", "version", "generator", "reader"}, line_, present);
     od::value format = member(header, "format", line_);
     if (!isText(format) || format.get_string().value() != "ZEL") fail(line_, "not a ZEL file");
     int64_t version = integerMember(header, "version", line_);
@@ -342,7 +358,7 @@ ZelReader::ZelReader(std::istream& in) : in_(in), json_(std::make_unique<Json>()
     if (!isText(generator)) fail(line_, "\"generator\" is not text");
     generator_ = toBytes(generator.get_string().value(), line_);
     od::value reader;
-    if (findMember(header, "reader", reader)) {
+    if ((present & kFourthKey) && findMember(header, "reader", reader)) {
       if (!isText(reader)) fail(line_, "\"reader\" is not text");
       reader_ = toBytes(reader.get_string().value(), line_);
     }
@@ -365,7 +381,8 @@ bool ZelReader::next(ZelRecord& record) {
   record = ZelRecord();
   record.line = line_;
   try {
-    od::object json = json_->parse(text_, {"op", "args", "params", "handle"}, line_);
+    uint32_t present = 0;
+    od::object json = json_->parse(text_, {"op", "args", "params", "handle"}, line_, present);
     od::value op = member(json, "op", line_);
     if (!isText(op)) fail(line_, "\"op\" is not text");
     record.op = op.get_string().value();
@@ -373,13 +390,13 @@ bool ZelReader::next(ZelRecord& record) {
     if (args.type().value() != od::json_type::array) fail(line_, "\"args\" is not an array");
     for (auto arg : args.get_array()) record.args.push_back(toValue(arg.value(), line_));
     od::value params;
-    if (findMember(json, "params", params)) {
+    if ((present & kThirdKey) && findMember(json, "params", params)) {
       if (params.type().value() != od::json_type::array) fail(line_, "\"params\" is not an array");
       record.hasParams = true;
       for (auto param : params.get_array())
         record.params.push_back(toParam(param.value(), unread_, line_));
     }
-    if (od::value handle; findMember(json, "handle", handle))
+    if (od::value handle; (present & kFourthKey) && findMember(json, "handle", handle))
       record.handle = integerValue(handle, "handle", line_);
   } catch (const simdjson::simdjson_error& error) {
     fail(line_, error.what());
