@@ -55,6 +55,10 @@ class Builder {
   void smooth(const std::vector<Vec3>& points, const std::vector<Vec3>& colors,
               const std::vector<uint32_t>& triangles);
 
+  // False when the picture cannot show a surface over these object-space
+  // points; true without a picture.
+  bool mayShow(const std::vector<Vec3>& points) { return place(points, points.size()); }
+
   // True once the builder has made the most triangles it may; later
   // surfaces are dropped. The mesh may have been emptied since (Scene::drawn).
   bool full() const { return full_; }
