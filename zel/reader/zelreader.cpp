@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <limits>
+#include <optional>
 #include <sstream>
 #include <utility>
 
@@ -89,9 +90,25 @@ struct Number {
   float value = 0;
 };
 
+// Most numbers of a large scene are vertex indices and counts: integers of
+// a few digits, read here at once. Anything else is for parseNumber.
+std::optional<int64_t> shortInteger(std::string_view token) {
+  bool negative = !token.empty() && token[0] == '-';
+  std::string_view digits = token.substr(negative ? 1 : 0);
+  if (digits.empty() || digits.size() > 9 || (digits[0] == '0' && digits.size() > 1)) return {};
+  int64_t value = 0;
+  for (char c : digits) {
+    if (c < '0' || c > '9') return {};
+    value = value * 10 + (c - '0');
+  }
+  return negative ? -value : value;
+}
+
 Number parseNumber(std::string_view token, size_t line) {
   while (!token.empty() && (token.back() == ' ' || token.back() == '\t' || token.back() == '\r'))
     token.remove_suffix(1);
+  if (std::optional<int64_t> whole = shortInteger(token))
+    return {true, *whole, static_cast<float>(*whole)};
   NumberForm form = numberForm(token);
   if (form == NumberForm::Invalid) fail(line, "\"" + std::string(token) + "\" is not a number");
   const char* first = token.data();
