@@ -60,7 +60,7 @@ class Builder {
   bool mayShow(const std::vector<Vec3>& points) { return place(points, points.size()); }
 
   // True once the builder has made the most triangles it may; later
-  // surfaces are dropped. The mesh may have been emptied since (Scene::drawn).
+  // surfaces are dropped. The mesh may have been emptied since (TakeMesh).
   bool full() const { return full_; }
   size_t made() const { return made_; }
 
