@@ -291,7 +291,10 @@ void SceneWalk::aim() {
   View view(scene_.camera, size[0], size[1]);
   builder_.worldToCamera = view.worldToCamera;
   builder_.perspective = view.perspective;
-  builder_.pixelsPerUnit = view.scale * float(size[1]) / std::abs(view.screen[3] - view.screen[2]);
+  // A picture of another shape than the screen window stretches it one way more than the other.
+  builder_.pixelsPerUnit =
+      view.scale * std::max(float(size[0]) / std::abs(view.screen[1] - view.screen[0]),
+                            float(size[1]) / std::abs(view.screen[3] - view.screen[2]));
   // A second scene begun within the first moves the camera: what was left out may show.
   if (still_ && !inScene_) builder_.sight.emplace(view);
   if (inScene_) builder_.sight.reset();
