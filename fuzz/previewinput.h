@@ -1,7 +1,9 @@
 // The preview's fuzz input, shared by its libFuzzer target and the regression
 // test: the input is converted as the extended fuzzer converts it, into memory,
-// and the scene file that comes out is drawn at a small size. The preview must
-// read whatever the converter writes, and fail on it only with a message.
+// and the scene file that comes out is drawn at a small size, both as the
+// desktop window keeps a scene and as the command line draws its still
+// picture. The preview must read whatever the converter writes, and fail on it
+// only with a message.
 #pragma once
 
 #include <cstdio>
@@ -41,9 +43,19 @@ inline std::string convertToScene(const uint8_t* data, size_t size) {
 }
 
 inline void drawConverted(const uint8_t* data, size_t size) {
-  std::istringstream scene(convertToScene(data, size));
+  const std::string converted = convertToScene(data, size);
+  const std::array<int32_t, 2> small{64, 48};
+  const size_t maxTriangles = size_t{1} << 20;
   try {
-    drawScene(readScene(scene, size_t{1} << 20), std::array<int32_t, 2>{64, 48});
+    std::istringstream scene(converted);
+    drawScene(readScene(scene, maxTriangles), small);
+  } catch (const ZelReadError&) {
+  } catch (const PreviewError&) {
+  }
+  try {
+    std::istringstream scene(converted);
+    std::vector<std::string> notes;
+    stillPicture(scene, small, notes, maxTriangles);
   } catch (const ZelReadError&) {
   } catch (const PreviewError&) {
   }

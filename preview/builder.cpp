@@ -10,16 +10,28 @@ constexpr float kPixelsPerStep = 6;
 }  // namespace
 
 bool Builder::room(size_t triangles) {
-  if (mesh_.triangles() + triangles > maxTriangles_) full_ = true;
-  return !full_;
+  if (full_ || made_ + triangles > maxTriangles_) {
+    full_ = true;
+    return false;
+  }
+  made_ += triangles;
+  return true;
+}
+
+bool Builder::place(const std::vector<Vec3>& points, size_t n) {
+  world_.resize(n);
+  for (size_t i = 0; i < n; ++i) world_[i] = toWorld.point(points[i]);
+  return !sight || sight->mayShow(world_.data(), n);
 }
 
 void Builder::grid(const std::vector<Vec3>& points, const std::vector<Vec3>& colors, size_t nu,
                    size_t nv) {
-  if (nu < 2 || nv < 2 || points.size() < nu * nv || !room(2 * (nu - 1) * (nv - 1))) return;
+  if (nu < 2 || nv < 2 || points.size() < nu * nv || !place(points, nu * nv) ||
+      !room(2 * (nu - 1) * (nv - 1)))
+    return;
   size_t base = mesh_.vertices.size();
   for (size_t i = 0; i < nu * nv; ++i) {
-    mesh_.vertices.push_back({toWorld.point(points[i]), {}, colorAt(colors, i), lightSet});
+    mesh_.vertices.push_back({world_[i], {}, colorAt(colors, i), lightSet});
   }
   MeshVertex* v = mesh_.vertices.data() + base;
   for (size_t j = 0; j + 1 < nv; ++j) {
@@ -39,10 +51,9 @@ void Builder::flat(const std::vector<Vec3>& points, const std::vector<Vec3>& col
   for (uint32_t t : triangles) {
     if (t >= points.size()) return;
   }
-  if (triangles.size() < 3 || !room(triangles.size() / 3)) return;
+  if (triangles.size() < 3 || !place(points, points.size()) || !room(triangles.size() / 3)) return;
   size_t base = mesh_.vertices.size();
-  std::vector<Vec3> world(points.size());
-  for (size_t i = 0; i < points.size(); ++i) world[i] = toWorld.point(points[i]);
+  const std::vector<Vec3>& world = world_;
   // The sum of the triangles' area vectors: the piece's normal, whatever its shape.
   Vec3 n;
   for (size_t t = 0; t + 2 < triangles.size(); t += 3) {
@@ -63,10 +74,10 @@ void Builder::smooth(const std::vector<Vec3>& points, const std::vector<Vec3>& c
   for (uint32_t t : triangles) {
     if (t >= points.size()) return;
   }
-  if (triangles.size() < 3 || !room(triangles.size() / 3)) return;
+  if (triangles.size() < 3 || !place(points, points.size()) || !room(triangles.size() / 3)) return;
   size_t base = mesh_.vertices.size();
   for (size_t i = 0; i < points.size(); ++i) {
-    mesh_.vertices.push_back({toWorld.point(points[i]), {}, colorAt(colors, i), lightSet});
+    mesh_.vertices.push_back({world_[i], {}, colorAt(colors, i), lightSet});
   }
   MeshVertex* v = mesh_.vertices.data() + base;
   size_t whole = triangles.size() - triangles.size() % 3;
@@ -94,6 +105,7 @@ size_t Builder::steps(Vec3 centre, float size, size_t fewest, size_t most) const
       std::max({length(toWorld.direction({1, 0, 0})), length(toWorld.direction({0, 1, 0})),
                 length(toWorld.direction({0, 0, 1}))});
   float world = size * stretch;
+  if (sight && !sight->mayShow(toWorld.point(centre), world)) return fewest;
   float pixels = world * pixelsPerUnit;
   if (perspective) {
     float z = worldToCamera.point(toWorld.point(centre)).z;

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "preview/basis.h"
 #include "preview/mesh.h"
+#include "preview/sight.h"
 #include "preview/vecmath.h"
 
 class Builder {
@@ -32,6 +34,9 @@ class Builder {
   Mat4 worldToCamera;
   float pixelsPerUnit = 0;
   bool perspective = false;
+  // For one still picture: pieces it cannot show are left out, and those
+  // out of its sight are cut at their fewest steps.
+  std::optional<Sight> sight;
   // Steps along a surface of the given object-space centre and size, so that
   // each step spans a few pixels of the scene's picture: fewest to most.
   size_t steps(Vec3 centre, float size, size_t fewest, size_t most) const;
@@ -50,11 +55,20 @@ class Builder {
   void smooth(const std::vector<Vec3>& points, const std::vector<Vec3>& colors,
               const std::vector<uint32_t>& triangles);
 
-  // True once the mesh holds the most triangles it may; later surfaces are dropped.
+  // False when the picture cannot show a surface over these object-space
+  // points; true without a picture.
+  bool mayShow(const std::vector<Vec3>& points) { return place(points, points.size()); }
+
+  // True once the builder has made the most triangles it may; later
+  // surfaces are dropped. The mesh may have been emptied since (TakeMesh).
   bool full() const { return full_; }
+  size_t made() const { return made_; }
 
  private:
   bool room(size_t triangles);
+  // Takes the first n points to world space, into world_; false when the
+  // picture cannot show them.
+  bool place(const std::vector<Vec3>& points, size_t n);
   Vec3 colorAt(const std::vector<Vec3>& colors, size_t i) const {
     return i < colors.size() ? colors[i] : color;
   }
@@ -62,4 +76,6 @@ class Builder {
   Mesh& mesh_;
   size_t maxTriangles_;
   bool full_ = false;
+  size_t made_ = 0;
+  std::vector<Vec3> world_;
 };

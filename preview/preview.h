@@ -14,6 +14,12 @@
 // The picture of a scene at the given size, or at its own (see Camera::imageSize).
 Image drawScene(const Scene& scene, std::optional<std::array<int32_t, 2>> size);
 
+// One picture of the scene file read from `in`, at the given size or the
+// file's own, drawn while the file is read. Its notes go to `notes`.
+// Throws as readScene does.
+Image stillPicture(std::istream& in, std::optional<std::array<int32_t, 2>> size,
+                   std::vector<std::string>& notes, size_t maxTriangles = kMaxTriangles);
+
 struct PreviewResult {
   std::string error;  // empty when the picture was written
   std::vector<std::string> notes;

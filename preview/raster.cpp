@@ -24,7 +24,18 @@ uint8_t byte(float v) {
 }  // namespace
 
 const Image& Renderer::draw(const Mesh& mesh, const Lighting& lighting, const View& view) {
+  start(view);
+  add(mesh, lighting);
+  return image_;
+}
+
+void Renderer::start(const View& view) {
+  view_ = view;
   clear(view);
+}
+
+void Renderer::add(const Mesh& mesh, const Lighting& lighting) {
+  const View& view = view_;
   Vec3 eye = view.perspective ? view.cameraToWorld.point({0, 0, 0})
                               : normalized(view.cameraToWorld.direction({0, 0, -1}));
   shader_.emplace(lighting, eye, view.perspective);
@@ -40,10 +51,9 @@ const Image& Renderer::draw(const Mesh& mesh, const Lighting& lighting, const Vi
     projected_[i] = {c.x, c.y, c.key};
   }
   for (size_t t = 0; t + 2 < mesh.indices.size(); t += 3) {
-    triangle(view, mesh.indices[t], mesh.indices[t + 1], mesh.indices[t + 2]);
+    triangle(mesh.indices[t], mesh.indices[t + 1], mesh.indices[t + 2]);
   }
   mesh_ = nullptr;
-  return image_;
 }
 
 Vec3 Renderer::shadedAt(uint32_t vertex) {
@@ -68,7 +78,8 @@ Renderer::Corner Renderer::corner(const View& view, Vec3 c, Vec3 color) const {
   return {view.rasterX(c), view.rasterY(c), view.perspective ? 1.0f / c.z : -c.z, color};
 }
 
-void Renderer::triangle(const View& view, uint32_t a, uint32_t b, uint32_t c) {
+void Renderer::triangle(uint32_t a, uint32_t b, uint32_t c) {
+  const View& view = view_;
   Vec3 p[3] = {camera_[a], camera_[b], camera_[c]};
   if (p[0].z >= view.nearClip && p[1].z >= view.nearClip && p[2].z >= view.nearClip) {
     const Projected &pa = projected_[a], &pb = projected_[b], &pc = projected_[c];

@@ -25,6 +25,14 @@ class Renderer {
  public:
   const Image& draw(const Mesh& mesh, const Lighting& lighting, const View& view);
 
+  // The same picture drawn a part of the mesh at a time, in the mesh's
+  // order, so that a part can be dropped once drawn. Each part is shaded
+  // with the lights made so far: all of those that shine on it, once the
+  // eye's light is settled (see headlit).
+  void start(const View& view);
+  void add(const Mesh& part, const Lighting& lighting);
+  const Image& image() const { return image_; }
+
  private:
   struct Corner {
     float x, y, key;  // raster position, and 1/z or -z: larger is nearer
@@ -39,7 +47,7 @@ class Renderer {
   };
 
   void clear(const View& view);
-  void triangle(const View& view, uint32_t a, uint32_t b, uint32_t c);
+  void triangle(uint32_t a, uint32_t b, uint32_t c);
   Corner corner(const View& view, Vec3 camera, Vec3 color) const;
   // The pixels whose centres lie within the corners' bounds, if any.
   std::optional<PixelBox> pixelBox(const Corner& a, const Corner& b, const Corner& c) const;
@@ -48,6 +56,7 @@ class Renderer {
   // centre: each is shaded when a triangle first needs it.
   Vec3 shadedAt(uint32_t vertex);
 
+  View view_;
   Image image_;
   std::vector<float> depth_;
   std::vector<Vec3> camera_;          // each mesh vertex in camera space

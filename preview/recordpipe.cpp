@@ -10,7 +10,8 @@ constexpr size_t kMostBatches = 4;
 
 }  // namespace
 
-RecordPipe::RecordPipe(std::istream& in) : reader_(in) {
+RecordPipe::RecordPipe(std::istream& in, std::vector<std::string> unread) : reader_(in) {
+  reader_.leaveValuesUnread(std::move(unread));
   thread_ = std::thread([this] { run(); });
 }
 
@@ -35,10 +36,12 @@ void RecordPipe::run() {
       error = std::current_exception();
     }
     end = error || batch.size() < kBatch;
+    std::vector<std::vector<ZelRecord>> spent;
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [&] { return stop_ || batches_.size() < kMostBatches; });
     if (stop_) return;
     batches_.push_back(std::move(batch));
+    spent.swap(spent_);
     done_ = end;
     error_ = error;
     changed_.notify_all();
@@ -49,6 +52,7 @@ bool RecordPipe::next(std::vector<ZelRecord>& batch) {
   std::unique_lock lock(mutex_);
   changed_.wait(lock, [&] { return !batches_.empty() || done_; });
   if (!batches_.empty()) {
+    if (!batch.empty()) spent_.push_back(std::move(batch));
     batch = std::move(batches_.front());
     batches_.pop_front();
     changed_.notify_all();

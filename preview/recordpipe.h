@@ -7,6 +7,7 @@
 #include <exception>
 #include <istream>
 #include <mutex>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -14,14 +15,16 @@
 
 class RecordPipe {
  public:
-  // Reads the header at once, throwing as ZelReader does.
-  explicit RecordPipe(std::istream& in);
+  // Reads the header at once, throwing as ZelReader does. The values of
+  // parameters named in `unread` are not read (ZelReader::leaveValuesUnread).
+  RecordPipe(std::istream& in, std::vector<std::string> unread);
   ~RecordPipe();
   RecordPipe(const RecordPipe&) = delete;
   RecordPipe& operator=(const RecordPipe&) = delete;
 
   // The next records in file order, or false at the end. An error the
-  // reader met is thrown once the records before it have been taken.
+  // reader met is thrown once the records before it have been taken. The
+  // batch given is taken back first.
   bool next(std::vector<ZelRecord>& batch);
 
  private:
@@ -31,6 +34,9 @@ class RecordPipe {
   std::mutex mutex_;
   std::condition_variable changed_;
   std::deque<std::vector<ZelRecord>> batches_;
+  // Batches taken and done with: freed on the reader's thread, which has the
+  // lighter load.
+  std::vector<std::vector<ZelRecord>> spent_;
   bool done_ = false;
   bool stop_ = false;
   std::exception_ptr error_;

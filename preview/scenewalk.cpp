@@ -103,9 +103,10 @@ Vec3 vecArgs(const ZelRecord& r, size_t i) {
 
 }  // namespace
 
-SceneWalk::SceneWalk(Scene& scene, size_t maxTriangles)
+SceneWalk::SceneWalk(Scene& scene, size_t maxTriangles, std::optional<StillPicture> still)
     : scene_(scene),
       builder_(scene.mesh, maxTriangles),
+      still_(still),
       maxReplayed_(maxTriangles / kTrianglesPerReplayed) {}
 
 bool SceneWalk::take(const ZelRecord& r) {
@@ -138,18 +139,7 @@ bool SceneWalk::take(const ZelRecord& r) {
 
 bool SceneWalk::nesting(const ZelRecord& r) {
   if (r.op == "SceneBegin") {
-    scene_.camera.worldToCamera = builder_.toWorld;
-    Mat4 cameraToWorld = builder_.toWorld.inverseAffine();
-    builder_.eyeAtPoint = scene_.camera.perspective;
-    builder_.eye = builder_.eyeAtPoint ? cameraToWorld.point({0, 0, 0})
-                                       : normalized(cameraToWorld.direction({0, 0, -1}));
-    builder_.toWorld = Mat4{};
-    std::array<int32_t, 2> size = scene_.camera.imageSize();
-    View view(scene_.camera, size[0], size[1]);
-    builder_.worldToCamera = view.worldToCamera;
-    builder_.perspective = view.perspective;
-    builder_.pixelsPerUnit =
-        view.scale * float(size[1]) / std::abs(view.screen[3] - view.screen[2]);
+    aim();
     inScene_ = true;
   } else if (r.op == "SceneEnd" || (r.op == "FrameEnd" && inScene_)) {
     ended_ = true;
@@ -295,6 +285,27 @@ void SceneWalk::call(const ZelRecord& r) {
   --calls_;
 }
 
+void SceneWalk::aim() {
+  scene_.camera.worldToCamera = builder_.toWorld;
+  Mat4 cameraToWorld = builder_.toWorld.inverseAffine();
+  builder_.eyeAtPoint = scene_.camera.perspective;
+  builder_.eye = builder_.eyeAtPoint ? cameraToWorld.point({0, 0, 0})
+                                     : normalized(cameraToWorld.direction({0, 0, -1}));
+  builder_.toWorld = Mat4{};
+  std::array<int32_t, 2> size = scene_.camera.imageSize();
+  if (still_) size = still_->size.value_or(size);
+  View view(scene_.camera, size[0], size[1]);
+  builder_.worldToCamera = view.worldToCamera;
+  builder_.perspective = view.perspective;
+  // A picture of another shape than the screen window stretches it one way more than the other.
+  builder_.pixelsPerUnit =
+      view.scale * std::max(float(size[0]) / std::abs(view.screen[1] - view.screen[0]),
+                            float(size[1]) / std::abs(view.screen[3] - view.screen[2]));
+  // A second scene begun within the first moves the camera: what was left out may show.
+  if (still_ && !inScene_) builder_.sight.emplace(view);
+  if (inScene_) builder_.sight.reset();
+}
+
 void SceneWalk::note(const ZelRecord& r, const std::string& what) {
   if (noted_.insert(r.op).second) {
     scene_.notes.push_back("ZEL line " + std::to_string(r.line) + ": " + r.op + ": " + what);
@@ -304,15 +315,21 @@ void SceneWalk::note(const ZelRecord& r, const std::string& what) {
 void SceneWalk::finish() {
   if (!ended_) scene_.notes.push_back("the scene file ends before its scene does");
   if (builder_.full()) {
-    scene_.notes.push_back("the scene makes more than " + std::to_string(scene_.mesh.triangles()) +
+    scene_.notes.push_back("the scene makes more than " + std::to_string(builder_.made()) +
                            " triangles: the rest is not drawn");
   }
 }
 
-Scene readScene(std::istream& in, size_t maxTriangles) {
+const std::vector<std::string>& unreadParameters() {
+  static const std::vector<std::string> names = {"N", "Np", "st", "s", "t"};
+  return names;
+}
+
+Scene readScene(std::istream& in, size_t maxTriangles, std::optional<StillPicture> still,
+                const TakeMesh& take) {
   Scene scene;
-  RecordPipe records(in);
-  SceneWalk walk(scene, maxTriangles);
+  RecordPipe records(in, unreadParameters());
+  SceneWalk walk(scene, maxTriangles, still);
   std::vector<ZelRecord> batch;
   bool going = true;
   while (going && records.next(batch)) {
@@ -324,6 +341,7 @@ Scene readScene(std::istream& in, size_t maxTriangles) {
       }
       if (!going) break;
     }
+    if (take) take(scene);
   }
   walk.finish();
   return scene;

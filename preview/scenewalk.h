@@ -14,7 +14,7 @@
 
 class SceneWalk {
  public:
-  SceneWalk(Scene& scene, size_t maxTriangles);
+  SceneWalk(Scene& scene, size_t maxTriangles, std::optional<StillPicture> still);
   // Takes the next record; false once the first scene has ended.
   bool take(const ZelRecord& r);
   // Says what the walk could not draw, once the file has been read.
@@ -39,9 +39,12 @@ class SceneWalk {
   void restore(const Attributes& a);
   void call(const ZelRecord& r);
   void note(const ZelRecord& r, const std::string& what);
+  // The camera is whole once the scene begins: what the builder needs of it.
+  void aim();
 
   Scene& scene_;
   Builder builder_;
+  std::optional<StillPicture> still_;
   std::vector<Attributes> attributes_;
   std::vector<Mat4> matrices_;
   std::map<int64_t, std::vector<ZelRecord>> objects_;

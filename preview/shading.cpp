@@ -49,12 +49,13 @@ bool lightFrom(const ZelRecord& r, const Mat4& toWorld, Light& light) {
   return true;
 }
 
-Shader::Shader(const Lighting& lighting, Vec3 eye, bool eyeAtPoint)
-    : lighting_(lighting), eye_(eye), eyeAtPoint_(eyeAtPoint) {
-  for (const Light& l : lighting.lights) {
-    if (l.kind != Light::Kind::Ambient) headlight_ = false;
-  }
+bool headlit(const Lighting& lighting) {
+  return std::all_of(lighting.lights.begin(), lighting.lights.end(),
+                     [](const Light& l) { return l.kind == Light::Kind::Ambient; });
 }
+
+Shader::Shader(const Lighting& lighting, Vec3 eye, bool eyeAtPoint)
+    : lighting_(lighting), eye_(eye), eyeAtPoint_(eyeAtPoint), headlight_(headlit(lighting)) {}
 
 Vec3 Shader::shade(Vec3 p, Vec3 n, Vec3 surface, uint32_t set) const {
   Vec3 e = normalized(toEye(p));

@@ -26,6 +26,9 @@ struct Lighting {
   std::vector<std::vector<uint32_t>> sets{{}};
 };
 
+// True while no light has a direction: the eye's own light shines instead.
+bool headlit(const Lighting& lighting);
+
 // The light a LightSourceV record makes with its points taken through
 // toWorld; false for a light shader that is none of the four.
 bool lightFrom(const ZelRecord& record, const Mat4& toWorld, Light& light);
@@ -44,5 +47,5 @@ class Shader {
   const Lighting& lighting_;
   Vec3 eye_;  // a position, or for an orthographic camera the way back to it
   bool eyeAtPoint_;
-  bool headlight_ = true;
+  bool headlight_;
 };

@@ -73,16 +73,19 @@ std::vector<int64_t> counts(const ZelRecord& r, size_t arg, size_t length, size_
   return c;
 }
 
-// The vertex indices of a mesh, each checked against the points there are.
-std::vector<std::vector<uint32_t>> meshLoops(const ZelRecord& r, const std::vector<int64_t>& sizes,
-                                             const std::vector<int64_t>& verts, size_t& npoints) {
+// The points a mesh's vertex indices need, each index checked.
+size_t pointsNeeded(const ZelRecord& r, const std::vector<int64_t>& verts) {
   int64_t top = -1;
   for (int64_t v : verts) {
     if (v < 0 || v >= static_cast<int64_t>(kMaxCount))
       failRecord(r, "vertex index " + std::to_string(v) + " out of range");
     top = std::max(top, v);
   }
-  npoints = static_cast<size_t>(top + 1);
+  return static_cast<size_t>(top + 1);
+}
+
+std::vector<std::vector<uint32_t>> meshLoops(const std::vector<int64_t>& sizes,
+                                             const std::vector<int64_t>& verts) {
   std::vector<std::vector<uint32_t>> loops(sizes.size());
   size_t at = 0;
   for (size_t l = 0; l < sizes.size(); ++l) {
@@ -97,10 +100,11 @@ void mesh(const ZelRecord& r, Builder& b, const std::vector<int64_t>& loopsPerFa
   if (verts.size() != nindices)
     failRecord(r, "holds " + std::to_string(verts.size()) + " vertex indices, not " +
                       std::to_string(nindices));
-  size_t npoints = 0;
-  std::vector<std::vector<uint32_t>> loops = meshLoops(r, sizes, verts, npoints);
+  size_t npoints = pointsNeeded(r, verts);
   std::vector<Vec3> points = pointsOf(r, npoints);
   points.resize(npoints);
+  if (!b.mayShow(points)) return;
+  std::vector<std::vector<uint32_t>> loops = meshLoops(sizes, verts);
   std::vector<Vec3> colors = pointColors(r, points.size());
   if (!hasParam(r, "N")) {
     // Without normals of its own a mesh is faceted: each face flat.

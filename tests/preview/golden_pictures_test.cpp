@@ -48,12 +48,17 @@ int64_t differing(const Image& a, const Image& b) {
   return n;
 }
 
-TEST(PreviewGolden, ExampleScenesLookAsBefore) {
+std::vector<std::string> sceneNames() {
   std::ifstream list(source() + "/tests/golden/scenes.txt");
   std::vector<std::string> names{"extended/modern"};
   for (std::string line; std::getline(list, line);) {
     if (!line.empty() && line[0] != '#') names.push_back(line);
   }
+  return names;
+}
+
+TEST(PreviewGolden, ExampleScenesLookAsBefore) {
+  std::vector<std::string> names = sceneNames();
   ASSERT_GT(names.size(), 1u);
   bool update = std::getenv("RZ_UPDATE_PICTURES") != nullptr;
   for (const std::string& name : names) {
@@ -71,6 +76,19 @@ TEST(PreviewGolden, ExampleScenesLookAsBefore) {
     ASSERT_EQ(want.width, got.width) << picture;
     ASSERT_EQ(want.height, got.height) << picture;
     EXPECT_LE(differing(got, want) * 1000, kPerMille * got.width * got.height) << picture;
+  }
+}
+
+// Drawn while the file is read, leaving out what it cannot show, a picture
+// is still the whole scene's, pixel for pixel.
+TEST(PreviewGolden, StillPictureIsTheWholeScenes) {
+  for (const std::string& name : sceneNames()) {
+    std::string path = source() + "/tests/golden/" + name + ".zel";
+    std::ifstream whole(path), still(path);
+    std::vector<std::string> notes;
+    EXPECT_EQ(stillPicture(still, std::nullopt, notes).rgba,
+              drawScene(readScene(whole), std::nullopt).rgba)
+        << name;
   }
 }
 

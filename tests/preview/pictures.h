@@ -10,7 +10,8 @@
 
 inline Image picture(const std::string& records) {
   std::istringstream in("{\"format\":\"ZEL\",\"version\":1,\"generator\":\"test\"}\n" + records);
-  return drawScene(readScene(in), std::nullopt);
+  std::vector<std::string> notes;
+  return stillPicture(in, std::nullopt, notes);
 }
 
 struct Coverage {

@@ -36,6 +36,9 @@ const Broken kBroken[] = {
      "ZEL line 2: integer 18446744073709551615 is too large"},
     {"LeadingZero", kHeader + "{\"op\":\"Color\",\"args\":[[0.5,01]]}\n",
      "ZEL line 2: \"01\" is not a number"},
+    {"UnknownMemberAfterABadValue",
+     kHeader + "{\"op\":\"Color\",\"args\":[[0.5,01]],\"colour\":1}\n",
+     "ZEL line 2: unknown member \"colour\""},
 };
 
 void PrintTo(const Broken& broken, std::ostream* out) {
@@ -88,6 +91,26 @@ TEST(ZelReader, NumberArraysKeepTheirIntegers) {
   EXPECT_THROW(small.asInts(), ZelReadError);
   EXPECT_EQ(large.items().at(0).asInt(), 16777217);
   EXPECT_EQ(large.asFloats().at(1), 0.1f);
+}
+
+TEST(ZelReader, LeavesTheValuesOfNamedParametersUnread) {
+  // The second writes the parameter's members in another order than the writer does.
+  for (std::string param : {"{\"code\":1,\"name\":\"N\",\"type\":4,\"class\":3,\"count\":3,"
+                            "\"values\":[0,0,1]}",
+                            "{\"values\":[0,0,1],\"count\":3,\"class\":3,\"type\":4,"
+                            "\"name\":\"N\",\"code\":1}"}) {
+    std::istringstream in(kHeader + "{\"params\":[" + param +
+                          "],\"op\":\"PolygonV\",\"args\":[1]}\n");
+    ZelReader reader(in);
+    reader.leaveValuesUnread({"N"});
+    ZelRecord r;
+    ASSERT_TRUE(reader.next(r));
+    EXPECT_EQ(r.op, "PolygonV");
+    ASSERT_EQ(r.params.size(), 1u);
+    EXPECT_EQ(r.params[0].name, "N");
+    EXPECT_EQ(r.params[0].count, 3);
+    EXPECT_TRUE(r.params[0].values.isNull());
+  }
 }
 
 TEST(ZelReader, MissingFileIsTold) {

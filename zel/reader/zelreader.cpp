@@ -1,12 +1,15 @@
 #include "zel/reader/zelreader.h"
 
 #include <simdjson.h>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
 #include <limits>
+#include <optional>
 #include <sstream>
+#include <utility>
 
 namespace {
 
@@ -87,9 +90,25 @@ struct Number {
   float value = 0;
 };
 
+// Most numbers of a large scene are vertex indices and counts: integers of
+// a few digits, read here at once. Anything else is for parseNumber.
+std::optional<int64_t> shortInteger(std::string_view token) {
+  bool negative = !token.empty() && token[0] == '-';
+  std::string_view digits = token.substr(negative ? 1 : 0);
+  if (digits.empty() || digits.size() > 9 || (digits[0] == '0' && digits.size() > 1)) return {};
+  int64_t value = 0;
+  for (char c : digits) {
+    if (c < '0' || c > '9') return {};
+    value = value * 10 + (c - '0');
+  }
+  return negative ? -value : value;
+}
+
 Number parseNumber(std::string_view token, size_t line) {
   while (!token.empty() && (token.back() == ' ' || token.back() == '\t' || token.back() == '\r'))
     token.remove_suffix(1);
+  if (std::optional<int64_t> whole = shortInteger(token))
+    return {true, *whole, static_cast<float>(*whole)};
   NumberForm form = numberForm(token);
   if (form == NumberForm::Invalid) fail(line, "\"" + std::string(token) + "\" is not a number");
   const char* first = token.data();
@@ -191,20 +210,33 @@ int64_t integerMember(od::object& object, const char* key, size_t line) {
 using Keys = std::initializer_list<const char*>;
 
 // Checks the keys before any value is read, leaving the object at its end.
-void onlyKeys(od::object& object, Keys keys, size_t line) {
+// Returns a bit for each of the keys the object holds, the first key's
+// lowest: looking for one it lacks would pass over every value again.
+uint32_t onlyKeys(od::object& object, Keys keys, size_t line) {
+  uint32_t present = 0;
   for (auto field : object) {
     std::string_view key = field.unescaped_key().value();
+    uint32_t bit = 1;
     bool known = false;
-    for (const char* name : keys) known = known || key == name;
+    for (const char* name : keys) {
+      if (key == name) {
+        present |= bit;
+        known = true;
+      }
+      bit <<= 1;
+    }
     if (!known) fail(line, "unknown member \"" + std::string(key) + "\"");
   }
+  return present;
 }
+
+constexpr uint32_t kThirdKey = 1 << 2, kFourthKey = 1 << 3;
 
 bool isText(od::value& value) {
   return value.type().value() == od::json_type::string;
 }
 
-ZelParamRecord toParam(od::value json, size_t line) {
+ZelParamRecord toParam(od::value json, const std::vector<std::string>& unread, size_t line) {
   if (json.type().value() != od::json_type::object) fail(line, "a parameter is not an object");
   od::object object = json.get_object().value();
   onlyKeys(object, {"code", "name", "type", "class", "count", "values"}, line);
@@ -223,15 +255,94 @@ ZelParamRecord toParam(od::value json, size_t line) {
   od::json_type type = values.type().value();
   if (type != od::json_type::array && type != od::json_type::null)
     fail(line, "\"values\" is not an array");
+  // Left unread, the values are passed over by the parser without a number being made.
+  if (param.name && std::find(unread.begin(), unread.end(), *param.name) != unread.end())
+    return param;
   param.values = toValue(values, line);
   return param;
 }
 
-// The line as one JSON object of the keys, with nothing after it.
-od::object parseLine(od::document& document, Keys keys, size_t line) {
+// The fast way to read a line, in one pass over it: each step below either
+// reads what it should or gives up, and the line is then read the careful
+// way (toParam, ZelReader::next), which checks every key before any value
+// and so finds the same message whatever the order of the faults.
+
+// A parameter whose members are all there once, in the order written.
+bool quickParam(od::value json, const std::vector<std::string>& unread, size_t line,
+                ZelParamRecord& param) {
+  od::object object;
+  if (json.get_object().get(object)) return false;
+  constexpr const char* kKeys[] = {"code", "name", "type", "class", "count", "values"};
+  size_t next = 0;
+  for (auto field : object) {
+    if (next == std::size(kKeys) || field.unescaped_key().value() != kKeys[next]) return false;
+    od::value value = field.value();
+    switch (next++) {
+      case 0:
+        param.code = integerValue(value, "code", line);
+        break;
+      case 1:
+        if (isText(value))
+          param.name = toBytes(value.get_string().value(), line);
+        else if (!value.is_null().value())
+          return false;
+        break;
+      case 2:
+        param.type = integerValue(value, "type", line);
+        break;
+      case 3:
+        param.tokenClass = integerValue(value, "class", line);
+        break;
+      case 4:
+        param.count = integerValue(value, "count", line);
+        break;
+      default: {
+        od::json_type type = value.type().value();
+        if (type != od::json_type::array && type != od::json_type::null) return false;
+        if (!param.name || std::find(unread.begin(), unread.end(), *param.name) == unread.end())
+          param.values = toValue(value, line);
+      }
+    }
+  }
+  return next == std::size(kKeys);
+}
+
+// A record whose members are each there at most once.
+bool quickRecord(od::document& document, const std::vector<std::string>& unread, size_t line,
+                 ZelRecord& record) {
+  od::object object;
+  if (document.get_object().get(object)) return false;
+  bool op = false, args = false, params = false, handle = false;
+  for (auto field : object) {
+    std::string_view key = field.unescaped_key().value();
+    od::value value = field.value();
+    if (key == "op" && !std::exchange(op, true)) {
+      if (!isText(value)) return false;
+      record.op = value.get_string().value();
+    } else if (key == "args" && !std::exchange(args, true)) {
+      if (value.type().value() != od::json_type::array) return false;
+      for (auto arg : value.get_array()) record.args.push_back(toValue(arg.value(), line));
+    } else if (key == "params" && !std::exchange(params, true)) {
+      if (value.type().value() != od::json_type::array) return false;
+      record.hasParams = true;
+      for (auto param : value.get_array()) {
+        if (!quickParam(param.value(), unread, line, record.params.emplace_back())) return false;
+      }
+    } else if (key == "handle" && !std::exchange(handle, true)) {
+      record.handle = integerValue(value, "handle", line);
+    } else {
+      return false;
+    }
+  }
+  return op && args && document.current_location().error();
+}
+
+// The line as one JSON object of the keys, with nothing after it, and the
+// keys it holds (see onlyKeys).
+od::object parseLine(od::document& document, Keys keys, size_t line, uint32_t& present) {
   if (document.type().value() != od::json_type::object) fail(line, "not a JSON object");
   od::object object = document.get_object().value();
-  onlyKeys(object, keys, line);
+  present = onlyKeys(object, keys, line);
   // Past the object's end the document has no location: anything else there is a second value.
   if (!document.current_location().error()) fail(line, "more than one JSON value");
   object.reset().value();
@@ -245,10 +356,25 @@ struct ZelReader::Json {
   od::document document;
 
   // The document of the text, which must have room for the parser's padding.
-  od::object parse(std::string& text, Keys keys, size_t line) {
+  // The record of the line read in one pass, or false when it must be read
+  // the careful way.
+  bool quick(std::string& text, const std::vector<std::string>& unread, size_t line,
+             ZelRecord& record) {
+    try {
+      text.reserve(text.size() + simdjson::SIMDJSON_PADDING);
+      document = parser.iterate(simdjson::padded_string_view(text, text.capacity())).value();
+      return quickRecord(document, unread, line, record);
+    } catch (const simdjson::simdjson_error&) {
+      return false;
+    } catch (const ZelReadError&) {
+      return false;
+    }
+  }
+
+  od::object parse(std::string& text, Keys keys, size_t line, uint32_t& present) {
     text.reserve(text.size() + simdjson::SIMDJSON_PADDING);
     document = parser.iterate(simdjson::padded_string_view(text, text.capacity())).value();
-    return parseLine(document, keys, line);
+    return parseLine(document, keys, line, present);
   }
 };
 
@@ -329,7 +455,9 @@ std::vector<int64_t> ZelValue::asInts() const {
 ZelReader::ZelReader(std::istream& in) : in_(in), json_(std::make_unique<Json>()) {
   if (!readLine()) fail(1, "no header: the file is empty");
   try {
-    od::object header = json_->parse(text_, {"format", "version", "generator", "reader"}, line_);
+    uint32_t present = 0;
+    od::object header =
+        json_->parse(text_, {"format", "version", "generator", "reader"}, line_, present);
     od::value format = member(header, "format", line_);
     if (!isText(format) || format.get_string().value() != "ZEL") fail(line_, "not a ZEL file");
     int64_t version = integerMember(header, "version", line_);
@@ -338,7 +466,7 @@ ZelReader::ZelReader(std::istream& in) : in_(in), json_(std::make_unique<Json>()
     if (!isText(generator)) fail(line_, "\"generator\" is not text");
     generator_ = toBytes(generator.get_string().value(), line_);
     od::value reader;
-    if (findMember(header, "reader", reader)) {
+    if ((present & kFourthKey) && findMember(header, "reader", reader)) {
       if (!isText(reader)) fail(line_, "\"reader\" is not text");
       reader_ = toBytes(reader.get_string().value(), line_);
     }
@@ -360,8 +488,12 @@ bool ZelReader::next(ZelRecord& record) {
   if (!readLine()) return false;
   record = ZelRecord();
   record.line = line_;
+  if (json_->quick(text_, unread_, line_, record)) return true;
+  record = ZelRecord();
+  record.line = line_;
   try {
-    od::object json = json_->parse(text_, {"op", "args", "params", "handle"}, line_);
+    uint32_t present = 0;
+    od::object json = json_->parse(text_, {"op", "args", "params", "handle"}, line_, present);
     od::value op = member(json, "op", line_);
     if (!isText(op)) fail(line_, "\"op\" is not text");
     record.op = op.get_string().value();
@@ -369,12 +501,13 @@ bool ZelReader::next(ZelRecord& record) {
     if (args.type().value() != od::json_type::array) fail(line_, "\"args\" is not an array");
     for (auto arg : args.get_array()) record.args.push_back(toValue(arg.value(), line_));
     od::value params;
-    if (findMember(json, "params", params)) {
+    if ((present & kThirdKey) && findMember(json, "params", params)) {
       if (params.type().value() != od::json_type::array) fail(line_, "\"params\" is not an array");
       record.hasParams = true;
-      for (auto param : params.get_array()) record.params.push_back(toParam(param.value(), line_));
+      for (auto param : params.get_array())
+        record.params.push_back(toParam(param.value(), unread_, line_));
     }
-    if (od::value handle; findMember(json, "handle", handle))
+    if (od::value handle; (present & kFourthKey) && findMember(json, "handle", handle))
       record.handle = integerValue(handle, "handle", line_);
   } catch (const simdjson::simdjson_error& error) {
     fail(line_, error.what());

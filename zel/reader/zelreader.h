@@ -97,6 +97,10 @@ class ZelReader {
   const std::string& reader() const { return reader_; }
   // The next record, or false at the end of the file.
   bool next(ZelRecord& record);
+  // Parameters of these names keep their other members, but their values
+  // are not read: they come back null. For a caller that only asks whether
+  // a parameter is there, and would otherwise pay for millions of numbers.
+  void leaveValuesUnread(std::vector<std::string> names) { unread_ = std::move(names); }
 
  private:
   struct Json;  // the JSON parser and its buffers, kept from line to line
@@ -109,6 +113,7 @@ class ZelReader {
   size_t line_ = 0;
   std::string generator_;
   std::string reader_;
+  std::vector<std::string> unread_;
 };
 
 struct ZelFile {
