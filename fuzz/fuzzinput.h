@@ -54,12 +54,13 @@ inline void scan(const uint8_t* data, size_t size) {
 
 // A whole conversion through the front ends' conversion object: every
 // statement through the reader, the Ri layer and the scene library, which
-// formats every record and drops it. A scene may not end the process by
-// asking for "abort": only a real fault ends a run. The conversion is
-// cancelled once more than `cancelAfter` bytes have been read.
+// formats every record and drops it, or writes it to the request's stream when
+// it names one. A scene may not end the process by asking for "abort": only a
+// real fault ends a run. The conversion is cancelled once more than
+// `cancelAfter` bytes have been read.
 inline void run(conversion::request r, uint64_t cancelAfter) {
   r.input = "fuzz";
-  r.discardOutput = true;
+  r.discardOutput = r.outputStream == nullptr;
   r.mayAbort = false;
   r.log = discard;
   r.messages = discard;

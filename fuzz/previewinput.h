@@ -22,20 +22,10 @@ inline std::string convertToScene(const uint8_t* data, size_t size) {
   std::FILE* out = open_memstream(&buffer, &length);
   if (!out) __builtin_trap();
   conversion::request r;
-  r.input = "fuzz";
   r.text = std::string_view(reinterpret_cast<const char*>(data), size);
   r.extended = true;
   r.outputStream = out;
-  r.mayAbort = false;
-  r.log = discard;
-  r.messages = discard;
-  {
-    conversion c(std::move(r));
-    if (c.open()) {
-      while (c.step()) {
-      }
-    }
-  }
+  run(std::move(r), UINT64_MAX);
   std::fclose(out);
   std::string scene(buffer, length);
   std::free(buffer);

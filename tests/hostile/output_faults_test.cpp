@@ -6,17 +6,23 @@
 
 #include <string>
 
-#include "tests/hostile/childrun.h"
+#include "tests/support/childprocess.h"
+#include "tests/support/files.h"
+#include "tests/support/scratchdir.h"
 
 namespace {
 
 TEST(OutputFaults, StandardOutputOnAFullDeviceIsToldOnce) {
+  scratchdir dir;
+  std::string spheres;
   // About 2.5 MB of records, far more than the device takes.
-  const auto manySpheres = [](feeder& f) { f.repeat("Sphere 1 -1 1 360\n", 50000); };
-  const childresult r = runchild({{"-", "-"}, manySpheres, "/dev/full"});
-  EXPECT_EQ(r.status, 2);
-  EXPECT_EQ(r.errLines, std::vector<std::string>{"ZEL severe error: cannot write the scene file "
-                                                 "\"standard output\": No space left on device"});
+  for (int i = 0; i < 50000; ++i) spheres += "Sphere 1 -1 1 360\n";
+  const std::string input = dir.write("spheres.rib", spheres).string();
+  const std::string errors = dir.file("errors.txt").string();
+  EXPECT_EQ(runprogram({{RIB2ZEL_PATH, "-", "-"}, input, "/dev/full", errors}), 2);
+  EXPECT_EQ(splitLines(readFile(errors)),
+            std::vector<std::string>{"ZEL severe error: cannot write the scene file "
+                                     "\"standard output\": No space left on device"});
 }
 
 }  // namespace
